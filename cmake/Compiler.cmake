@@ -1,0 +1,31 @@
+# How every target is compiled. Warnings are errors: a warning is mended, never silenced for a whole target.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_AUTOMOC_MOC_OPTIONS --include cstddef)  # moc 6.4 stumbles over some C++20 headers without it
+
+if(NOT CMAKE_BUILD_TYPE AND NOT CMAKE_CONFIGURATION_TYPES)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")  # -O3 of gcc 12 warns falsely about string concatenation
+
+# Contraction of a*b+c would make golden numbers depend on the build machine.
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Werror -ffp-contract=off)
+
+find_program(KESTRAVA_CCACHE ccache)
+if(KESTRAVA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${KESTRAVA_CCACHE}")
+endif()
+
+set(KESTRAVA_SANITIZE "" CACHE STRING "Value of -fsanitize= for everything, e.g. address,undefined")
+if(KESTRAVA_SANITIZE)
+  add_compile_options(-fsanitize=${KESTRAVA_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+  add_link_options(-fsanitize=${KESTRAVA_SANITIZE})
+endif()
+option(KESTRAVA_COVERAGE "Measure test coverage" OFF)
+if(KESTRAVA_COVERAGE)
+  add_compile_options(--coverage -fprofile-abs-path)
+  add_link_options(--coverage)
+endif()
