@@ -1,0 +1,41 @@
+// The one door to the orbit engine for a position: every window calls Satcalc with a name and a local date and time,
+// then copies what it needs from the one result block. Also the local-time wrappers of the engine's searches, and
+// today's sunrise and sunset.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "orbit/OrbitEngine.h"
+#include "orbit/Tables.h"
+#include "platform/SerialDate.h"
+
+namespace kestrava::orbit {
+
+/// What a calculation works on: the shared tables and the engine with its observer.
+struct Sky {
+  Tables& tables;
+  OrbitEngine& engine;
+};
+
+/// The global engine through which all positions, rises, sets and pass lists go; made and released by the launcher.
+extern std::unique_ptr<OrbitEngine> Engine;
+
+/// The sky of the run. @throws platform::Fault "Object variable not set" while there is no engine
+Sky TheSky();
+
+/// Computes the result block for a satellite, "sun" or "moon".
+/// @param local  local date and time; every part a 16-bit field, which may lie outside its range and rolls over
+/// @param extended  asks for sunlight, visibility, next rise and next set; only the selected satellite gets them
+void Satcalc(const Sky& sky, std::string_view name, const platform::DateParts& local, bool extended);
+
+/// Next rise or set from now, local time. No rise (-1.0) is not treated here: it turns into a meaningless local time.
+platform::SerialDate NextAOS(const Sky& sky, std::string_view name);
+platform::SerialDate NextLOS(const Sky& sky, std::string_view name);
+
+/// The first sampled minute past sunrise (searched from today's midnight) or sunset (from noon), plus one minute, local.
+/// Without a limit: where the Sun does not rise or set the search goes on into the following days until it does.
+platform::SerialDate TodaySunrise(const Sky& sky);
+platform::SerialDate TodaySunset(const Sky& sky);
+
+}  // namespace kestrava::orbit

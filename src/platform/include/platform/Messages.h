@@ -1,0 +1,26 @@
+// The message box door.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace kestrava::platform {
+
+inline constexpr std::string_view kProgramTitle = "Kestrava";
+
+class Messages {
+ public:
+  virtual ~Messages() = default;
+  /// A message with OK. Returns when it has been read.
+  virtual void Show(std::string_view text, std::string_view title = kProgramTitle) = 0;
+  /// A question with Yes and No. @return true for Yes
+  virtual bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) = 0;
+};
+
+/// Runs the body of a click or tick that has no trap of its own: an untrapped fault shows one message that names the
+/// fault, and the window stays as it was. @param what  what the user was doing, for the message
+/// @return false if it failed
+bool RunUntrapped(std::string_view what, const std::function<void()>& body);
+
+}  // namespace kestrava::platform

@@ -1,0 +1,74 @@
+// The painter of the map: rebuilds the whole picture from the shared tables in a fixed order of layers, on every tick.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "orbit/Tables.h"
+#include "platform/Surface.h"
+#include "views2d/MapState.h"
+
+namespace kestrava::views2d {
+
+/// The picture surfaces of a map window. All measured in logical pixels.
+struct MapSurfaces {
+  platform::Surface& Final;        ///< the map as the user sees it
+  platform::Surface& WorldNormal;  ///< the whole-world picture; 0 x 0 while none is loaded
+  platform::Surface& Alpha;        ///< the day and night mask, small and never resized
+  platform::Surface& SunMask;
+  platform::Surface& SunPic;
+  platform::Surface& MoonMask;
+  platform::Surface& MoonPic;
+  std::array<platform::Surface*, 6> SatMask;
+  std::array<platform::Surface*, 6> SatPic;
+};
+
+inline constexpr int kAlphaWidth = 566;
+inline constexpr int kAlphaHeight = 370;
+
+/// The place of the map window in twips, as it is stored; and whether it is to be stored.
+struct MapWindowPlace {
+  int leftTwips = 0;
+  int topTwips = 0;
+  int widthTwips = 0;
+  int heightTwips = 0;
+  bool storable = false;  ///< normal or maximised, and visible
+  int innerHeightPx = 0;
+};
+
+/// What the painter asks of its window.
+class PaintHost {
+ public:
+  virtual ~PaintHost() = default;
+  /// Asked at the end of a paint, after its last yield.
+  virtual MapWindowPlace Place() const = 0;
+  virtual bool IsOpen() const = 0;
+};
+
+class MapPainter {
+ public:
+  MapPainter(const orbit::Tables& tables, const MapState& map, MapSurfaces surfaces, PaintHost& host)
+      : tables_(tables), map_(map), surfaces_(surfaces), host_(host) {}
+
+  /// Pixel position on Final for a point in the current mode.
+  double LonToMapX(double lonDeg) const;
+  double LatToMapY(double latDeg) const;
+  /// The same against the size of Alpha.
+  double LonToMaskX(double lonDeg) const;
+  double LatToMaskY(double latDeg) const;
+
+  /// Paints everything. Yields twice.
+  void RepaintMapScreen();
+
+ private:
+  const orbit::Tables& tables_;
+  const MapState& map_;
+  MapSurfaces surfaces_;
+  PaintHost& host_;
+};
+
+/// Blends a source over a destination with a constant weight. @param alpha  0 to 255
+void AlphaBlendPercent(platform::Surface& dest, const platform::PixelRect& to, const platform::Surface& source,
+                       const platform::PixelRect& from, std::uint8_t alpha);
+
+}  // namespace kestrava::views2d
