@@ -34,6 +34,12 @@ function(kestrava_add_floor floor)
   set(dir "${PROJECT_SOURCE_DIR}/src/${floor}")
   file(GLOB_RECURSE headers CONFIGURE_DEPENDS "${dir}/include/*.h")
   file(GLOB sources CONFIGURE_DEPENDS "${dir}/*.cpp" "${dir}/*.h")
+  if(NOT sources)  # a floor of interfaces only
+    add_library(kestrava_${name} INTERFACE)
+    add_library(kestrava::${name} ALIAS kestrava_${name})
+    target_include_directories(kestrava_${name} INTERFACE "${dir}/include")
+    return()
+  endif()
   add_library(kestrava_${name} STATIC ${sources} ${headers})  # headers listed: AUTOMOC looks nowhere else
   add_library(kestrava::${name} ALIAS kestrava_${name})
   target_include_directories(kestrava_${name} PUBLIC "${dir}/include")

@@ -17,7 +17,11 @@ TrackingWindow& TheTrackingWindow() {
   return trackerInUse ? *trackerInUse : none;
 }
 
-void UseRecorder(Recorder* recorder) { recorderInUse = recorder; }
-void UseTrackingWindow(TrackingWindow* window) { trackerInUse = window; }
+void UseRecorder(Recorder* recorder) {
+  recorderInUse = recorder;
+}
+void UseTrackingWindow(TrackingWindow* window) {
+  trackerInUse = window;
+}
 
 }  // namespace kestrava::station

@@ -33,8 +33,8 @@ void Satcalc(const Sky& sky, std::string_view name, const platform::DateParts& l
 platform::SerialDate NextAOS(const Sky& sky, std::string_view name);
 platform::SerialDate NextLOS(const Sky& sky, std::string_view name);
 
-/// The first sampled minute past sunrise (searched from today's midnight) or sunset (from noon), plus one minute, local.
-/// Without a limit: where the Sun does not rise or set the search goes on into the following days until it does.
+/// The first sampled minute past sunrise (searched from today's midnight) or sunset (from noon), plus one minute,
+/// local. Without a limit: where the Sun does not rise or set the search goes on into the following days until it does.
 platform::SerialDate TodaySunrise(const Sky& sky);
 platform::SerialDate TodaySunset(const Sky& sky);
 

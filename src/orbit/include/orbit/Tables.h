@@ -54,22 +54,22 @@ inline constexpr int kTrackRows = 2880;
 
 /// What the latest Satcalc left. There is one block and no history: callers copy what they need straight away.
 struct ResultBlock {
-  double SatLat = 0;                ///< degrees, north positive
-  double SatLon = 0;                ///< degrees, west positive, 360 minus east: 0 east is 360
-  double SatAz = 0;                 ///< degrees
-  double SatEl = 0;                 ///< degrees
-  double SatRange = 0;              ///< km
-  double SatRangeRate = 0;          ///< km/s, positive when receding
-  double SatHeight = 0;             ///< km; for "moon" its distance
-  double SatPhase = 0;              ///< radians, for "moon" only
-  std::int16_t SatDescending = 0;   ///< -1 true, 0 false
-  std::int16_t SatSunlit = 0;       ///< written by the extended block only
-  std::int16_t SatVisible = 0;      ///< the same
-  double SatPhaseMA = 0;            ///< orbit phase, 0..255, two decimals
-  std::string SatAOS;               ///< next rise "hh:mm:ss", local
-  std::string SatLOS;               ///< next set "hh:mm:ss", local
-  std::string SatOrbit;             ///< orbit number
-  std::string SatMA;                ///< orbit phase in degrees, "0.00"
+  double SatLat = 0;                    ///< degrees, north positive
+  double SatLon = 0;                    ///< degrees, west positive, 360 minus east: 0 east is 360
+  double SatAz = 0;                     ///< degrees
+  double SatEl = 0;                     ///< degrees
+  double SatRange = 0;                  ///< km
+  double SatRangeRate = 0;              ///< km/s, positive when receding
+  double SatHeight = 0;                 ///< km; for "moon" its distance
+  double SatPhase = 0;                  ///< radians, for "moon" only
+  std::int16_t SatDescending = 0;       ///< -1 true, 0 false
+  std::int16_t SatSunlit = 0;           ///< written by the extended block only
+  std::int16_t SatVisible = 0;          ///< the same
+  double SatPhaseMA = 0;                ///< orbit phase, 0..255, two decimals
+  std::string SatAOS;                   ///< next rise "hh:mm:ss", local
+  std::string SatLOS;                   ///< next set "hh:mm:ss", local
+  std::string SatOrbit;                 ///< orbit number
+  std::string SatMA;                    ///< orbit phase in degrees, "0.00"
   double SatX = 0, SatY = 0, SatZ = 0;  ///< first three numbers of the state vector
 };
 
@@ -86,9 +86,9 @@ struct Tables {
   ResultBlock result;
 
   std::array<TrackRec, kTrackRows + 1> GroundTrack;
-  std::array<PointRec, 362> FootPrint;   ///< even rows are computed, each odd row copies the even one below it
-  std::array<PointRec, 361> SunCircle;   ///< the terminator
-  std::array<PointRec, 17> SunSeeds;     ///< points well inside the sunlit side; 0 to 15 are used
+  std::array<PointRec, 362> FootPrint;  ///< even rows are computed, each odd row copies the even one below it
+  std::array<PointRec, 361> SunCircle;  ///< the terminator
+  std::array<PointRec, 17> SunSeeds;    ///< points well inside the sunlit side; 0 to 15 are used
   double SunLat = 0, SunLon = 0, MoonLat = 0, MoonLon = 0;  ///< degrees, longitude west positive
 
   std::int16_t RecordActive = 0;  ///< a recording runs

@@ -17,7 +17,8 @@ bool IsFavourite(const Tables& tables, std::string_view name);
 /// The form of a satellite's name that a voice can pronounce.
 std::string SpokenName(std::string_view name);
 
-/// The path in the short form of the file system; a file that does not exist is made empty for the question and removed.
+/// The path in the short form of the file system; a file that does not exist is made empty for the question and
+/// removed.
 std::string ShortName(std::string_view path);
 
 bool HasBlank(std::string_view text);

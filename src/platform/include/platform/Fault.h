@@ -87,7 +87,9 @@ inline long Modulo(long a, long b) {
 }
 
 /// Nearest whole number, a tie going to the even one: the rounding of every conversion to a whole number.
-inline double RoundHalfEven(double x) { return std::nearbyint(x); }
+inline double RoundHalfEven(double x) {
+  return std::nearbyint(x);
+}
 
 /// Conversion to a 16-bit field: rounds a tie to even, "Overflow" outside -32768..32767.
 inline std::int16_t ToInt16(double x) {

@@ -7,7 +7,8 @@
 
 namespace kestrava::platform {
 
-/// The corner and source sizes of the frame picture, in pixels: source width and height, then the pieces of its corners.
+/// The corner and source sizes of the frame picture, in pixels: source width and height, then the pieces of its
+/// corners.
 struct SkinLayout {
   int sourceWidth = 371;
   int sourceHeight = 241;

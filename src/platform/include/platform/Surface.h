@@ -61,7 +61,8 @@ class Surface {
   virtual void BitBlt(const PixelRect& target, const Surface& source, int sourceX, int sourceY, RasterOp op) = 0;
   /// Copies with scaling. @return 1 if it was done, else 0
   virtual int StretchBlt(const PixelRect& target, const Surface& source, const PixelRect& from, RasterOp op) = 0;
-  /// Fills from a seed up to the border colour with the surface's fill colour. A seed on the border or off the surface does nothing.
+  /// Fills from a seed up to the border colour with the surface's fill colour. A seed on the border or off the surface
+  /// does nothing.
   virtual void FloodFill(double x, double y, Colour border) = 0;
   /// Stretches the source over the target with one constant weight.
   /// @param blendFunction  alpha (0..255) shifted left by 16 bits, other bits 0

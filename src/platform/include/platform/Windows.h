@@ -36,7 +36,8 @@ class Windows {
   virtual void Show(std::string_view name, std::string_view tag = {}) = 0;
   /// Shows a new window of that name beside those that are open.
   virtual void ShowNew(std::string_view name, std::string_view tag = {}) = 0;
-  /// Is the single window of that name visible? A registered one is made, hidden, by the question; an unknown one is not.
+  /// Is the single window of that name visible? A registered one is made, hidden, by the question; an unknown one is
+  /// not.
   virtual bool IsVisible(std::string_view name) = 0;
   /// The single window if it is loaded, else null. For the small interfaces on lower floors.
   virtual Window* Find(std::string_view name) = 0;

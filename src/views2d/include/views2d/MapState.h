@@ -1,5 +1,5 @@
-// What belongs to one map window: its mode, its warp clock, its slow tick, the texts of its pane. Two maps never share it;
-// the tables and the selection they do share (orbit/Tables.h).
+// What belongs to one map window: its mode, its warp clock, its slow tick, the texts of its pane. Two maps never share
+// it; the tables and the selection they do share (orbit/Tables.h).
 #pragma once
 
 #include <array>
@@ -20,9 +20,7 @@ struct WarpClock {
   std::int16_t WarpMonth = 0;
   std::int16_t WarpYear = 0;
 
-  platform::DateParts Parts() const {
-    return {WarpYear, WarpMonth, WarpDay, WarpHour, WarpMinute, WarpSecond};
-  }
+  platform::DateParts Parts() const { return {WarpYear, WarpMonth, WarpDay, WarpHour, WarpMinute, WarpSecond}; }
 };
 
 inline constexpr int kRemoteStatCount = 18;

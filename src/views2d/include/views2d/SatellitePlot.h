@@ -1,5 +1,5 @@
-// What is plotted on a map: the favourites' places, the selected satellite's ground track and footprint. Fills the tables
-// that the painter draws, on every tick (Gsatroutine) or on the slow schedules of the window (CalcGroundTrack).
+// What is plotted on a map: the favourites' places, the selected satellite's ground track and footprint. Fills the
+// tables that the painter draws, on every tick (Gsatroutine) or on the slow schedules of the window (CalcGroundTrack).
 #pragma once
 
 #include "orbit/Satcalc.h"
@@ -7,8 +7,8 @@
 
 namespace kestrava::views2d {
 
-/// One tick: advances the warp clock, computes every favourite, drives the recorder, fills the info pane for the selected
-/// one and makes the automatic selection. Yields once for each satellite.
+/// One tick: advances the warp clock, computes every favourite, drives the recorder, fills the info pane for the
+/// selected one and makes the automatic selection. Yields once for each satellite.
 void Gsatroutine(const orbit::Sky& sky, MapState& map, MapHost& host);
 
 /// The selected satellite's track from now (or the warp clock) on, a point every 30 seconds.
