@@ -6,11 +6,12 @@
 #include <memory>
 #include <string_view>
 
-#include "orbit/OrbitEngine.h"
 #include "orbit/Tables.h"
 #include "platform/SerialDate.h"
 
 namespace kestrava::orbit {
+
+class OrbitEngine;
 
 /// What a calculation works on: the shared tables and the engine with its observer.
 struct Sky {
