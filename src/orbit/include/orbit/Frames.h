@@ -4,15 +4,16 @@
 // point below the satellite and to the look direction from a place. UT1 is taken as UTC, there is no polar motion, no
 // light time and no refraction. Called by the engine, the searches, and the Sun and Moon.
 
+#include <numbers>
+
+#include "orbit/Observer.h"
 #include "orbit/Vec3.h"
 
 namespace kestrava::orbit {
 
-inline constexpr double kPi = 3.14159265358979323846;
-inline constexpr double kTwoPi = 2 * kPi;
-inline constexpr double kDegree = kPi / 180;  ///< radians
-inline constexpr double kMinutesPerDay = 1440;
-inline constexpr double kSecondsPerDay = 86400;
+inline constexpr double kHalfTurn = std::numbers::pi;  ///< radians
+inline constexpr double kTurn = 2 * std::numbers::pi;  ///< radians
+inline constexpr double kRadPerDeg = kHalfTurn / 180;
 
 /// Equatorial radius (km) and flattening of the ellipsoid of WGS-84.
 inline constexpr double kWgs84RadiusKm = 6378.137;
@@ -79,15 +80,6 @@ Geodetic GeodeticFromEarthFixed(const Vec3& earthFixedKm);
 
 /// Earth-fixed position, km.
 Vec3 EarthFixedFromGeodetic(const Geodetic& place);
-
-/// The observer as the system's settings give him: plain numbers, any longitude, any height.
-struct Observer {
-  double latitudeDeg = 0;   ///< geodetic, north positive
-  double longitudeDeg = 0;  ///< east positive; 360 means 0
-  double heightM = 0;       ///< above the ellipsoid
-
-  friend bool operator==(const Observer&, const Observer&) = default;
-};
 
 /// An observer made ready for many look angles: his place and the three directions of his horizon.
 struct Site {
