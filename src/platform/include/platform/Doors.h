@@ -32,6 +32,7 @@ struct Doors {
 Doors& TheDoors();
 
 Clock& TheClock();
+Stopwatch& TheStopwatch();
 MachineLocale& TheLocale();
 SettingsStore& TheSettings();
 Files& TheFiles();

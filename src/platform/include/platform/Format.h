@@ -13,7 +13,8 @@ namespace kestrava::platform {
 /// Numbers: '0' digit or zero, '#' digit or nothing, '.' the locale's decimal sign, ',' between digit places the
 /// locale's group sign; other characters stand as they are. Halves round away from zero; a value that rounds to zero
 /// loses its sign. Times (pattern holds h, m or s): "hh:mm:ss", "hh:mm"; "dd", "mm" behind "hh" are minutes, else
-/// month; "yyyy".
+/// month; "yyyy". Letters of a time pattern in either case.
+/// @throws Fault "Overflow" for no finite number, or a time outside the years 100 to 9999
 /// @code Format(1234.5, "#,##0.0") == "1,234.5"; Format(0.5, "hh:mm:ss") == "12:00:00" @endcode
 std::string Format(double value, std::string_view pattern);
 

@@ -18,9 +18,17 @@ class Messages {
   virtual bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) = 0;
 };
 
+/// What failed: a click tells of its fault each time; a tick that fails again and again tells it once, until it has
+/// succeeded in between.
+enum class Untrapped { kClick, kTick };
+
 /// Runs the body of a click or tick that has no trap of its own: an untrapped fault shows one message that names the
-/// fault, and the window stays as it was. @param what  what the user was doing, for the message
+/// fault, and the window stays as it was. While that message stands no second one of its kind is shown.
+/// @param what  what the user was doing, as the message begins: "The listing of groups"
 /// @return false if it failed
-bool RunUntrapped(std::string_view what, const std::function<void()>& body);
+bool RunUntrapped(std::string_view what, const std::function<void()>& body, Untrapped kind = Untrapped::kClick);
+
+/// Ticks tell their faults anew. For tests, which share one process.
+void ForgetToldFaults();
 
 }  // namespace kestrava::platform

@@ -27,7 +27,6 @@ class Window {
 class Windows {
  public:
   using Factory = std::function<std::unique_ptr<Window>()>;
-  /// A window that is asked to close may refuse (a busy window): it then stays loaded.
   virtual ~Windows() = default;
 
   virtual void Register(std::string_view name, Factory factory) = 0;
@@ -48,8 +47,8 @@ class Windows {
   virtual int VisibleCount() const = 0;
 };
 
-/// The plain registry, all that there is to it. Used by the program and by tests alike.
-/// @param later  hands over the destruction of an unloaded window to the event loop
+/// The plain registry, all that there is to it. Used by the program and by tests alike. An unloaded window's object is
+/// handed to the event loop (Later), so that it outlives the event in which it ended.
 std::unique_ptr<Windows> MakeWindows();
 
 }  // namespace kestrava::platform
