@@ -40,7 +40,7 @@ struct MapWindowPlace {
 class PaintHost {
  public:
   virtual ~PaintHost() = default;
-  /// Asked at the end of a paint, after its last yield.
+  /// Asked for the status line (the inner height), and at the end of a paint, after its last yield.
   virtual MapWindowPlace Place() const = 0;
   virtual bool IsOpen() const = 0;
 };
@@ -57,10 +57,28 @@ class MapPainter {
   double LonToMaskX(double lonDeg) const;
   double LatToMaskY(double latDeg) const;
 
-  /// Paints everything. Yields twice.
+  /// Paints everything. Yields twice; if the window closes in a yield, the paint ends there. Faults are logged with
+  /// "mapview RepaintMapScreen" and cost the row or layer that they stand in.
   void RepaintMapScreen();
 
  private:
+  void PaintBaseLayer();
+  void PaintHome();
+  void PaintLocations();
+  void PaintSun();
+  void DrawMaskOutline();
+  void FillMask();
+  void BlendMask();
+  void PaintMoon();
+  void PaintTrack();
+  void PaintFootprint();
+  void PaintSatellites();
+  void PaintSatellite(int index);
+  void PaintStatusLine();
+  void StorePlace();
+  void MoveTextTo(double x, double y);
+  void PlaceSprite(double x, double y, int sizePx, const platform::Surface& mask, const platform::Surface& picture);
+
   const orbit::Tables& tables_;
   const MapState& map_;
   MapSurfaces surfaces_;

@@ -1,0 +1,319 @@
+#include "views2d/MapPainter.h"
+
+#include <array>
+#include <charconv>
+
+#include "platform/EventLoop.h"
+#include "platform/Fault.h"
+#include "platform/Format.h"
+#include "platform/Settings.h"
+#include "platform/Text.h"
+#include "views2d/MapGeometry.h"
+
+#include "MapModes.h"
+
+namespace kestrava::views2d {
+
+namespace {
+
+using platform::At;
+using platform::DrawMode;
+using platform::PixelRect;
+using platform::RasterOp;
+using platform::Surface;
+
+constexpr platform::FaultTrap trap{"mapview RepaintMapScreen"};
+
+constexpr std::string_view kSmallFont = "Small fonts";
+constexpr int kSmallFontSize = 7;
+constexpr int kLineWidthPx = 2;
+constexpr int kHomeOffsetPx = 3;  // the dot stands right of and above the true place on purpose
+constexpr int kSunSizePx = 30;
+constexpr int kMoonSizePx = 20;
+constexpr int kSatSizePx = 32;
+constexpr int kStatusLineRisePx = 20;
+constexpr std::uint8_t kNightWeight = 40;  // of 255
+/// A jump of the terminator by more than this leaves through one edge and comes back through the other. A plain
+/// threshold for a mask of about 566 pixels; it does not scale.
+constexpr double kEdgeJumpPx = 500;
+constexpr double kFarRightPx = 10000;
+constexpr double kBeyondEdgePx = 10;
+constexpr int kSeedCount = 16;
+
+int Rounded(double x) {
+  return platform::ToInt32(x);
+}
+
+int Half(int length) {
+  return Rounded(length / 2.0);
+}
+
+/// Which sprite a name gets, and how far above the satellite its label stands.
+struct Look {
+  int sprite = 0;
+  int labelRisePx = 14;
+};
+
+/// Case counts; each later hit overrides.
+Look LookOf(std::string_view name) {
+  Look look;
+  if (platform::BeginsWith(name, "ISS")) look = {1, 24};
+  if (platform::BeginsWith(name, "STS")) look = {3, 24};
+  if (platform::Contains(name, "P3D")) look = {4, 16};
+  if (platform::Contains(name, "AO-40")) look = {4, 16};
+  if (platform::BeginsWith(name, "NOAA")) look = {5, 21};
+  return look;
+}
+
+/// The last of the dots of "GroundTrackLen" minutes. The length is asked anew: just raised and the track not yet
+/// recalculated, the rows beyond are old ones, or zero ones at latitude 0, longitude 0.
+int LastTrackRow() {
+  return platform::ToInt16(2 * platform::ReadNumberSetting("GroundTrackLen", "90"));
+}
+
+double StoredNumber(std::string_view text) {
+  return platform::ParseNumber(platform::ApplyCommaRule(text));
+}
+
+}  // namespace
+
+double MapPainter::LonToMapX(double lonDeg) const {
+  return LonToX(lonDeg, surfaces_.Final.Width(), map_.MapMode);
+}
+double MapPainter::LatToMapY(double latDeg) const {
+  return LatToY(latDeg, surfaces_.Final.Height(), map_.MapMode);
+}
+double MapPainter::LonToMaskX(double lonDeg) const {
+  return LonToX(lonDeg, surfaces_.Alpha.Width(), map_.MapMode);
+}
+double MapPainter::LatToMaskY(double latDeg) const {
+  return LatToY(latDeg, surfaces_.Alpha.Height(), map_.MapMode);
+}
+
+void MapPainter::RepaintMapScreen() {
+  trap([&] {
+    surfaces_.Final.SetFont(kSmallFont, kSmallFontSize, true);
+    surfaces_.Final.SetLineWidth(kLineWidthPx);
+  });
+  trap([&] { PaintBaseLayer(); });
+  platform::YieldOnce();
+  if (!host_.IsOpen()) return;
+  trap([&] { PaintHome(); });
+  PaintLocations();
+  trap([&] { PaintSun(); });  // before the mask, whose blending tints it
+  DrawMaskOutline();
+  FillMask();
+  trap([&] { BlendMask(); });
+  trap([&] { PaintMoon(); });
+  trap([&] { PaintTrack(); });
+  trap([&] { PaintFootprint(); });
+  PaintSatellites();
+  trap([&] { PaintStatusLine(); });
+  platform::YieldOnce();
+  if (!host_.IsOpen()) return;
+  StorePlace();
+}
+
+void MapPainter::PaintBaseLayer() {
+  Surface& final = surfaces_.Final;
+  const Surface& world = surfaces_.WorldNormal;
+  const int width = final.Width();
+  const int height = final.Height();
+  const int halfWorldWidth = Half(world.Width());
+  if (const RegionalMode* mode = FindRegionalMode(map_.MapMode)) {
+    // The quarter begins where the doubled map is moved off the edge: a shift of 360 degrees is half the picture.
+    const int left = Rounded(world.Width() * mode->westShiftDeg / 720);
+    const int top = Rounded(world.Height() * mode->northShiftDeg / 360);
+    final.StretchBlt({0, 0, width, height}, world, {left, top, halfWorldWidth, Half(world.Height())},
+                     RasterOp::kSrcCopy);
+    return;
+  }
+  if (map_.MapMode == kSwappedHalves) {
+    const int halfWidth = Half(width);
+    final.StretchBlt({0, 0, halfWidth, height}, world, {halfWorldWidth, 0, halfWorldWidth, world.Height()},
+                     RasterOp::kSrcCopy);
+    final.StretchBlt({halfWidth, 0, halfWidth, height}, world, {0, 0, halfWorldWidth, world.Height()},
+                     RasterOp::kSrcCopy);
+    return;
+  }
+  const PixelRect whole{0, 0, world.Width(), world.Height()};
+  // The one blit whose result is looked at: an empty world picture shows in the log.
+  if (final.StretchBlt({0, 0, width, height}, world, whole, RasterOp::kSrcCopy) != 1) {
+    platform::ErrorTrap("World Normal BLiTter", "StretchBlt error");
+  }
+}
+
+void MapPainter::PaintHome() {
+  Surface& final = surfaces_.Final;
+  final.SetPen(platform::kGreen);  // the locations keep it, also when the home place cannot be read
+  const double lonDeg = StoredNumber(platform::ReadSetting("Longitude", "0"));
+  const double latDeg = StoredNumber(platform::ReadSetting("Latitude", "0"));
+  final.DrawCircle(LonToMapX(lonDeg) + kHomeOffsetPx, LatToMapY(latDeg) - kHomeOffsetPx, 1);
+  final.Print(tables_.LocationName);
+}
+
+void MapPainter::PaintLocations() {
+  for (int i = 1; i <= orbit::kLocationRows; ++i) {
+    trap([&] {
+      const orbit::LocationRec& row = At(tables_.LocationList, i);
+      if (row.OnMap != "1") return;
+      const double lonDeg = StoredNumber(row.Longitude);
+      const double latDeg = StoredNumber(row.Latitude);
+      surfaces_.Final.DrawPoint(LonToMapX(lonDeg), LatToMapY(latDeg));
+      surfaces_.Final.Print(row.Name);
+    });
+  }
+}
+
+void MapPainter::PaintSun() {
+  const double x = LonToMapX(tables_.SunLon) - kSunSizePx / 2.0;
+  const double y = LatToMapY(tables_.SunLat) - kSunSizePx / 2.0;
+  PlaceSprite(x, y, kSunSizePx, surfaces_.SunMask, surfaces_.SunPic);
+}
+
+void MapPainter::DrawMaskOutline() {
+  Surface& alpha = surfaces_.Alpha;
+  trap([&] {
+    alpha.Clear(platform::kBlack);
+    alpha.SetLineWidth(kLineWidthPx);
+    alpha.DrawPoint(LonToMaskX(tables_.SunCircle[0].lon), LatToMaskY(tables_.SunCircle[0].lat));
+    alpha.SetPen(platform::kWhite);
+  });
+  for (std::size_t i = 1; i < tables_.SunCircle.size(); ++i) {
+    trap([&] {
+      const double x = LonToMaskX(tables_.SunCircle[i].lon);
+      const double y = LatToMaskY(tables_.SunCircle[i].lat);
+      const double previousX = LonToMaskX(tables_.SunCircle[i - 1].lon);
+      // The pen is placed by a point, which lands off the surface.
+      if (x - previousX > kEdgeJumpPx) {
+        alpha.LineTo(-kBeyondEdgePx, y);
+        alpha.DrawPoint(alpha.Width() + kBeyondEdgePx, y);
+      }
+      if (previousX - x > kEdgeJumpPx) {
+        alpha.LineTo(kFarRightPx, y);
+        alpha.DrawPoint(-kBeyondEdgePx, y);
+      }
+      alpha.LineTo(x, y);
+    });
+  }
+}
+
+void MapPainter::FillMask() {
+  for (int i = 0; i < kSeedCount; ++i) {
+    trap([&] {
+      const orbit::PointRec& seed = At(tables_.SunSeeds, i);
+      surfaces_.Alpha.FloodFill(LonToMaskX(seed.lon), LatToMaskY(seed.lat), platform::kWhite);
+    });
+  }
+}
+
+void MapPainter::BlendMask() {
+  const Surface& alpha = surfaces_.Alpha;
+  const int width = Half(surfaces_.Final.Width());
+  const int height = Half(surfaces_.Final.Height());
+  const int maskWidth = Half(alpha.Width());
+  const int maskHeight = Half(alpha.Height());
+  for (const int row : {0, 1}) {
+    for (const int column : {0, 1}) {
+      AlphaBlendPercent(surfaces_.Final, {column * width, row * height, width, height}, alpha,
+                        {column * maskWidth, row * maskHeight, maskWidth, maskHeight}, kNightWeight);
+    }
+  }
+}
+
+void MapPainter::PaintMoon() {
+  const double x = LonToMapX(tables_.MoonLon) - kMoonSizePx / 2.0;
+  const double y = LatToMapY(tables_.MoonLat) - kMoonSizePx / 2.0;
+  PlaceSprite(x, y, kMoonSizePx, surfaces_.MoonMask, surfaces_.MoonPic);
+}
+
+void MapPainter::PaintTrack() {
+  if (!platform::ReadSwitch("ShowGroundtrack", "1")) return;
+  const int lastRow = LastTrackRow();
+  for (int i = 0; i <= lastRow; ++i) {
+    trap([&] {
+      const orbit::TrackRec& row = At(tables_.GroundTrack, i);
+      surfaces_.Final.SetPen(row.colour);
+      surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
+    });
+  }
+}
+
+void MapPainter::PaintFootprint() {
+  if (!platform::ReadSwitch("ShowFootprints", "1")) return;
+  surfaces_.Final.SetPen(platform::kOrange);
+  for (int i = 0; i <= 360; i += 2) {
+    const orbit::PointRec& row = At(tables_.FootPrint, i);
+    surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
+  }
+}
+
+void MapPainter::PaintSatellites() {
+  for (int i = 1; i <= tables_.FaveCount; ++i) trap([&] { PaintSatellite(i); });
+  trap([&] {  // what the labels leave behind
+    MoveTextTo(0, 0);
+    surfaces_.Final.SetPen(platform::kBlue);
+    surfaces_.Final.SetFont("Arial", 11, true);
+    surfaces_.Final.SetFont(kSmallFont, kSmallFontSize, true);
+  });
+}
+
+void MapPainter::PaintSatellite(int index) {
+  const orbit::FaveRec& row = At(tables_.FaveList, index);
+  const Look look = LookOf(row.Name);
+  const double x = LonToMapX(row.Lon);
+  const double y = LatToMapY(row.Lat);
+  // Off-centre by design: 14 left and up, 18 right and down.
+  PlaceSprite(x - 14, y - 14, kSatSizePx, *At(surfaces_.SatMask, look.sprite), *At(surfaces_.SatPic, look.sprite));
+  MoveTextTo(x - 16, y - look.labelRisePx);
+  surfaces_.Final.SetPen(platform::kWhite);
+  surfaces_.Final.Print(row.Name);
+}
+
+void MapPainter::PaintStatusLine() {
+  Surface& final = surfaces_.Final;
+  MoveTextTo(0, host_.Place().innerHeightPx - kStatusLineRisePx);
+  const RegionalMode* mode = FindRegionalMode(map_.MapMode);
+  final.SetPen(mode && mode->northShiftDeg == 0 ? platform::kWhite : platform::kBlack);
+  final.SetFont("Arial", 8, true);
+  const auto& stat = map_.RemoteStat;
+  const std::string name = platform::Mid(stat[0], 13);  // without "Satellite : "
+  final.Print(" " + name + "  " + stat[1] + "  " + stat[2] + "  " + stat[3] + "  " + stat[4] + "   " + stat[7]);
+  final.SetFont(kSmallFont, kSmallFontSize, true);
+}
+
+void MapPainter::StorePlace() {
+  const MapWindowPlace place = host_.Place();
+  if (!place.storable) return;
+  trap([&] { platform::WriteSetting("WinPosX", std::to_string(place.leftTwips)); });
+  trap([&] { platform::WriteSetting("WinPosY", std::to_string(place.topTwips)); });
+  trap([&] { platform::WriteSetting("WinPosW", std::to_string(place.widthTwips)); });
+  trap([&] { platform::WriteSetting("WinPosH", std::to_string(place.heightTwips)); });
+}
+
+/// A point that marks nothing carries the text position.
+void MapPainter::MoveTextTo(double x, double y) {
+  surfaces_.Final.SetDrawMode(DrawMode::kNoOperation);
+  surfaces_.Final.DrawPoint(x, y);
+  surfaces_.Final.SetDrawMode(DrawMode::kCopy);
+}
+
+/// Transparent by a pair of blits: the mask punches a black hole, the picture, black around the sprite, fills it.
+void MapPainter::PlaceSprite(double x, double y, int sizePx, const Surface& mask, const Surface& picture) {
+  const PixelRect target{Rounded(x), Rounded(y), sizePx, sizePx};
+  surfaces_.Final.BitBlt(target, mask, 0, 0, RasterOp::kSrcAnd);
+  surfaces_.Final.BitBlt(target, picture, 0, 0, RasterOp::kSrcPaint);
+}
+
+void AlphaBlendPercent(Surface& dest, const PixelRect& to, const Surface& source, const PixelRect& from,
+                       std::uint8_t alpha) {
+  // The blend function is composed as hexadecimal text: the weight, then no per-pixel alpha, no flags, source-over.
+  std::array<char, 6> hex{};
+  char* end = std::to_chars(hex.data(), hex.data() + 2, alpha, 16).ptr;
+  for (int zero = 0; zero < 4; ++zero) *end++ = '0';
+  std::uint32_t blendFunction = 0;
+  std::from_chars(hex.data(), end, blendFunction, 16);
+  dest.AlphaBlend(to, source, from, blendFunction);
+}
+
+}  // namespace kestrava::views2d
