@@ -70,25 +70,29 @@ class Sgp4 {
   double InclinationRad() const { return inclination_; }
 
  private:
-  struct Secular;
-  ModelError ApplyNearEarthSecular(double minutes, Secular& mean) const;
-  ModelError ApplyDeepSpaceSecular(double minutes, Secular& mean) const;
+  struct Moment;
+  void PrepareSecular(double posq);
   void PrepareDrag(double perigeeEarthRadii);
-  double UnwrappedLatitudeArgument(double minutes, const Sgp4State& state) const;
+  void PrepareDragPowers(double sfour, double tsi);
+  void PrepareDeepSpace();
+  ModelError MeanElementsAt(double minutes, Moment& at) const;
+  ModelError AddDeepSpacePeriodics(double minutes, Moment& at) const;
+  ModelError AddShortPeriodics(const Moment& at, Sgp4State& state) const;
+  double NodeTurns(double minutes, const Sgp4State& state) const;
 
   // the set, in radians and radians a minute
   SerialMoment epoch_;
   double bstar_ = 0, inclination_ = 0, node_ = 0, eccentricity_ = 0, perigee_ = 0, meanAnomaly_ = 0;
   double meanMotion_ = 0;
   int revolutionNumber_ = 0;
-  double latitudeTurnsAtEpoch_ = 0;
   // what follows from it, by the names of the published model
-  bool simple_ = false;
+  bool isSimple_ = false;
   double ao_ = 0, sinio_ = 0, cosio_ = 0, con41_ = 0, x1mth2_ = 0, x7thm1_ = 0;
   double mdot_ = 0, argpdot_ = 0, nodedot_ = 0, nodecf_ = 0, omgcof_ = 0, xmcof_ = 0, eta_ = 0, delmo_ = 0, sinmao_ = 0;
-  double cc1_ = 0, cc4_ = 0, cc5_ = 0, d2_ = 0, d3_ = 0, d4_ = 0;
+  double cc1_ = 0, bstarCc4_ = 0, bstarCc5_ = 0, d2_ = 0, d3_ = 0, d4_ = 0;
   double t2cof_ = 0, t3cof_ = 0, t4cof_ = 0, t5cof_ = 0, xlcof_ = 0, aycof_ = 0;
   std::unique_ptr<DeepSpace> deep_;
+  double nodeTurnsAtEpoch_ = 0;
 };
 
 }  // namespace kestrava::orbit
