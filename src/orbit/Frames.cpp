@@ -2,6 +2,8 @@
 
 #include <cmath>
 
+#include "platform/SerialDate.h"
+
 namespace kestrava::orbit {
 namespace {
 
@@ -35,7 +37,7 @@ double GreenwichMeanSiderealTime(const JulianDate& ut1) {
   const double c = (midnightDays + ut1.dayFraction) / 36525;
   const double seconds = 67310.54841 + (8640184.812866 + (0.093104 - 6.2e-6 * c) * c) * c;
   // the series' large term, 876600 hours a century, is one turn a day: its whole turns drop out
-  const double turns = (midnightDays - std::floor(midnightDays)) + ut1.dayFraction + seconds / kSecondsPerDay;
+  const double turns = (midnightDays - std::floor(midnightDays)) + ut1.dayFraction + seconds / platform::kSecondsPerDay;
   return (turns - std::floor(turns)) * kTurn;
 }
 

@@ -3,12 +3,14 @@
 #include <cmath>
 
 #include "orbit/Frames.h"
+#include "platform/SerialDate.h"
 
 #include "DeepSpace.h"
 #include "Sgp4Constants.h"
 
 namespace kestrava::orbit {
 
+using platform::kMinutesPerDay;
 using sgp4::kJ2;
 using sgp4::kJ3OverJ2;
 using sgp4::kJ4;
