@@ -18,8 +18,8 @@ using sgp4::kTwoThirds;
 
 namespace {
 
-/// The reader's serial day 18263 is 1949-12-31 0h, from which the deep-space model counts.
-constexpr double kSerialOf1950 = 18263;
+/// Julian date of 1949-12-31 0h, from which the deep-space model counts its days.
+constexpr double kJulianOf1950 = 2433281.5;
 
 /// Periods of 225 minutes and more belong to the deep-space model.
 constexpr double kDeepSpaceFromMinutes = 225;
@@ -136,10 +136,12 @@ void Sgp4::PrepareDragPowers(double sfour, double tsi) {
 
 void Sgp4::PrepareDeepSpace() {
   const MeanElements atEpoch{meanMotion_, eccentricity_, inclination_, perigee_, node_, meanAnomaly_};
-  const double siderealTime =
-      GreenwichMeanSiderealTime(JulianDate{JulianFromSerial(epoch_.wholeDays).midnight, epoch_.dayFraction});
-  deep_ = std::make_unique<DeepSpace>(atEpoch, SecularRates{mdot_, argpdot_, nodedot_},
-                                      epoch_.wholeDays - kSerialOf1950 + epoch_.dayFraction, siderealTime);
+  // Julian date in one number, 40 microseconds coarse, because the published values rest on it: for the most
+  // eccentric orbits Sun and Moon would otherwise differ by some millimetres
+  const double julian = JulianFromSerial(epoch_.wholeDays).midnight + epoch_.dayFraction;
+  const double midnight = std::floor(julian - 0.5) + 0.5;
+  deep_ = std::make_unique<DeepSpace>(atEpoch, SecularRates{mdot_, argpdot_, nodedot_}, julian - kJulianOf1950,
+                                      GreenwichMeanSiderealTime(JulianDate{midnight, julian - midnight}));
 }
 
 double Sgp4::MinutesSinceEpoch(double utcSerial) const {
