@@ -34,6 +34,7 @@ bool OpensFunction(const std::string& line) {
 std::vector<SourceFile> ReadSources(const std::vector<std::string>& folders) {
   std::vector<SourceFile> files;
   for (const std::string& folder : folders) {
+    if (!fs::exists(fs::path(KESTRAVA_SOURCE_DIR) / folder)) continue;
     for (const auto& entry : fs::recursive_directory_iterator(fs::path(KESTRAVA_SOURCE_DIR) / folder))
       if (entry.is_regular_file() && IsSource(entry.path())) files.push_back(ReadFile(entry.path()));
   }
