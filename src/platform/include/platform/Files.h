@@ -22,6 +22,7 @@ class Files {
   virtual void Replace(const std::filesystem::path& file, std::string_view content) = 0;
   virtual void Append(const std::filesystem::path& file, std::string_view content) = 0;
   virtual void Remove(const std::filesystem::path& file) = 0;
+  /// Also renames a folder, onto an empty one too.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// Replaces `to`; keeps the date. @throws Fault "Disk not ready" where the target medium is gone, "Disk full", ...
   virtual void Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
@@ -32,6 +33,10 @@ class Files {
   /// Names (not paths) of the plain files in a folder, sorted; empty if there is no such folder.
   virtual std::vector<std::string> List(const std::filesystem::path& folder) = 0;
   virtual bool FolderExists(const std::filesystem::path& folder) = 0;
+  /// True if there is no such folder, or nothing in it.
+  virtual bool FolderIsEmpty(const std::filesystem::path& folder) {
+    return !FolderExists(folder) || List(folder).empty();
+  }
   virtual void MakeFolder(const std::filesystem::path& folder) = 0;
   /// Mount points of removable media that are mounted now and can be written.
   virtual std::vector<std::filesystem::path> RemovableMedia() = 0;
