@@ -1,0 +1,47 @@
+// Message boxes that are answered by a script. A message or question that the script does not hold fails the test, and
+// so does a scripted one that nobody asked for.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Messages.h"
+
+namespace kestrava::testing {
+
+class ScriptedMessages : public platform::Messages {
+ public:
+  void Show(std::string_view text, std::string_view title) override;
+  bool AskYesNo(std::string_view text, std::string_view title) override;
+
+  /// The next message holds this text. @param meanwhile  runs while the message stands
+  void ExpectMessage(std::string_view part, std::function<void()> meanwhile = {});
+  /// The next message is a question that holds this text, and gets this answer.
+  void ExpectQuestion(std::string_view part, bool answer);
+
+  /// Texts of all messages and questions so far, whole.
+  const std::vector<std::string>& Texts() const { return texts_; }
+  const std::vector<std::string>& Titles() const { return titles_; }
+
+  /// Fails the test for scripted answers that nobody asked for. The house calls it at its end.
+  void CheckAllAsked();
+
+ private:
+  struct Scripted {
+    std::string part;
+    bool isQuestion = false;
+    bool answer = false;
+    std::function<void()> meanwhile;
+  };
+
+  bool Answer(std::string_view text, std::string_view title, bool isQuestion);
+
+  std::deque<Scripted> script_;
+  std::vector<std::string> texts_;
+  std::vector<std::string> titles_;
+};
+
+}  // namespace kestrava::testing
