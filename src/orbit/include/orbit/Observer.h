@@ -1,7 +1,6 @@
-#pragma once
-
 // The place on the ground that look angles, rises and sets refer to. Everything on this floor takes it by value or
 // const reference; the engine holds the one that the windows set.
+#pragma once
 
 namespace kestrava::orbit {
 
