@@ -1,0 +1,107 @@
+#include "platform/qt/QtDoors.h"
+
+#include <QApplication>
+#include <QDate>
+#include <QFileInfo>
+#include <QLocale>
+#include <QMessageBox>
+#include <QMimeDatabase>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTime>
+#include <QUrl>
+
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/Widgets.h"
+
+namespace kestrava::platform::qt {
+namespace {
+
+constexpr int kAskHandlerMs = 2000;
+
+int Ask(std::string_view text, std::string_view title, QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+  const QtEventLoop::Busy busy;
+  QMessageBox box(icon, ToQt(title), ToQt(text), buttons, QApplication::activeWindow());
+  box.setObjectName("MessageBox");
+  box.setTextFormat(Qt::PlainText);
+  box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  return box.exec();
+}
+
+/// The kind of thing that a target is, as handlers are registered for it.
+QString MimeTypeOf(const QUrl& url) {
+  if (!url.isLocalFile()) return "x-scheme-handler/" + url.scheme();
+  return QMimeDatabase().mimeTypeForFile(url.toLocalFile()).name();
+}
+
+bool HasHandler(const QString& mimeType) {
+  const QString asker = QStandardPaths::findExecutable("xdg-mime");
+  if (asker.isEmpty()) return false;
+  QProcess process;
+  process.start(asker, {"query", "default", mimeType});
+  if (!process.waitForFinished(kAskHandlerMs)) {
+    process.kill();
+    process.waitForFinished(kAskHandlerMs);
+    return false;
+  }
+  return !process.readAllStandardOutput().trimmed().isEmpty();
+}
+
+QUrl UrlOf(const QString& target) {
+  const QFileInfo file(target);
+  if (file.exists()) return QUrl::fromLocalFile(file.absoluteFilePath());
+  const QUrl url(target, QUrl::TolerantMode);
+  const bool bareAddress = url.scheme().isEmpty() && !target.startsWith('/') && target.contains('.');
+  return bareAddress ? QUrl("https://" + target) : url;
+}
+
+}  // namespace
+
+void QtMessages::Show(std::string_view text, std::string_view title) {
+  Ask(text, title, QMessageBox::Information, QMessageBox::Ok);
+}
+
+bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
+  return Ask(text, title, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+bool QtOpener::Open(std::string_view target) {
+  if (QGuiApplication::platformName() == "offscreen") return false;
+  const QUrl url = UrlOf(ToQt(target));
+  if (!url.isValid() || url.scheme().isEmpty()) return false;
+  if (url.isLocalFile() && !QFileInfo::exists(url.toLocalFile())) return false;
+  const QString starter = QStandardPaths::findExecutable("xdg-open");
+  if (starter.isEmpty() || !HasHandler(MimeTypeOf(url))) return false;
+  return QProcess::startDetached(starter, {url.isLocalFile() ? url.toLocalFile() : url.toString(QUrl::FullyEncoded)});
+}
+
+bool QtOpener::Run(const std::string& program, const std::vector<std::string>& arguments) {
+  const QString found = QStandardPaths::findExecutable(ToQt(program));
+  if (found.isEmpty()) return false;
+  QStringList list;
+  for (const std::string& argument : arguments) list << ToQt(argument);
+  return QProcess::startDetached(found, list);
+}
+
+std::string QtLocale::DecimalSign() const {
+  return FromQt(QLocale::system().decimalPoint());
+}
+
+std::string QtLocale::GroupSign() const {
+  return FromQt(QLocale::system().groupSeparator());
+}
+
+std::string QtLocale::DateText(SerialDate local) const {
+  const DateParts parts = SplitSerial(local);
+  return FromQt(QLocale::system().toString(QDate(parts.year, parts.month, parts.day), QLocale::ShortFormat));
+}
+
+/// The short form with its seconds, which the toolkit leaves out.
+std::string QtLocale::TimeText(SerialDate local) const {
+  const DateParts parts = SplitSerial(local);
+  QString form = QLocale::system().timeFormat(QLocale::ShortFormat);
+  if (!form.contains('s')) form.replace("mm", "mm:ss");
+  return FromQt(QLocale::system().toString(QTime(parts.hour, parts.minute, parts.second), form));
+}
+
+}  // namespace kestrava::platform::qt

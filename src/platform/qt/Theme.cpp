@@ -1,0 +1,156 @@
+#include "platform/qt/Theme.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QProxyStyle>
+#include <QStyleFactory>
+#include <QStyleOption>
+#include <algorithm>
+#include <cmath>
+
+#include "platform/Settings.h"
+#include "platform/qt/Fonts.h"
+
+namespace kestrava::platform::qt {
+namespace {
+
+/// The desktop's own look, as it was before the theme first came over it.
+struct PlainLook {
+  QString style;
+  QPalette palette;
+};
+
+const PlainLook& Plain() {
+  static const PlainLook look{QApplication::style()->name(), QApplication::palette()};
+  return look;
+}
+
+bool& SkinFlag() {
+  static bool on = false;
+  return on;
+}
+
+/// Fusion with a focus frame that can be seen on dark ground.
+class DarkStyle : public QProxyStyle {
+ public:
+  DarkStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
+
+  void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+    if (element != PE_FrameFocusRect) {
+      QProxyStyle::drawPrimitive(element, option, painter, widget);
+      return;
+    }
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(QPen(Tones().accent, 1.4));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.7, 0.7, -0.7, -0.7), 2.5, 2.5);
+    painter->restore();
+  }
+
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* returned) const override {
+    if (hint == SH_UnderlineShortcut) return 1;
+    return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+};
+
+/// What the palette cannot say: scroll bars, tool tips, menus, the outline of a field that has the focus.
+QString DarkSheet() {
+  const ThemeTones& t = Tones();
+  return QStringLiteral(
+             "QToolTip{color:%1;background:%2;border:1px solid %3;padding:3px 5px}"
+             "QMenuBar{background:%4;color:%1;border-bottom:1px solid %2}"
+             "QMenuBar::item{padding:3px 9px;background:transparent}"
+             "QMenuBar::item:selected,QMenuBar::item:pressed{background:%5;color:#ffffff;border-radius:3px}"
+             "QLineEdit:focus,QPlainTextEdit:focus,QTextEdit:focus,QTreeView:focus,QListView:focus"
+             "{border:1px solid %6}"
+             "QLineEdit,QPlainTextEdit,QTextEdit,QTreeView,QListView{border:1px solid %3;border-radius:3px}"
+             "QScrollBar:vertical{background:%7;width:11px;margin:0}"
+             "QScrollBar:horizontal{background:%7;height:11px;margin:0}"
+             "QScrollBar::handle{background:%3;border-radius:4px;margin:1px}"
+             "QScrollBar::handle:vertical{min-height:24px}QScrollBar::handle:horizontal{min-width:24px}"
+             "QScrollBar::handle:hover{background:%8}"
+             "QScrollBar::add-line,QScrollBar::sub-line{width:0;height:0}"
+             "QScrollBar::add-page,QScrollBar::sub-page{background:none}")
+      .arg(t.text.name(), t.raised.name(), t.edge.name(), t.window.name(), t.chosen.name(), t.accent.name(),
+           t.base.name(), t.faint.name());
+}
+
+double Linear(double channel) {
+  return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
+}
+
+double Luminance(const QColor& colour) {
+  return 0.2126 * Linear(colour.redF()) + 0.7152 * Linear(colour.greenF()) + 0.0722 * Linear(colour.blueF());
+}
+
+}  // namespace
+
+const ThemeTones& Tones() {
+  static const ThemeTones tones;
+  return tones;
+}
+
+QPalette DarkPalette() {
+  const ThemeTones& t = Tones();
+  QPalette palette(t.raised, t.window);
+  palette.setColor(QPalette::WindowText, t.text);
+  palette.setColor(QPalette::Base, t.base);
+  palette.setColor(QPalette::AlternateBase, t.window);
+  palette.setColor(QPalette::Text, t.text);
+  palette.setColor(QPalette::Button, t.raised);
+  palette.setColor(QPalette::ButtonText, t.text);
+  palette.setColor(QPalette::BrightText, Qt::white);
+  palette.setColor(QPalette::ToolTipBase, t.raised);
+  palette.setColor(QPalette::ToolTipText, t.text);
+  palette.setColor(QPalette::PlaceholderText, QColor(0x9a, 0xa3, 0xad));
+  palette.setColor(QPalette::Highlight, t.chosen);
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  palette.setColor(QPalette::Link, t.accent);
+  palette.setColor(QPalette::LinkVisited, QColor(0xb8, 0xb4, 0x5a));
+  palette.setColor(QPalette::Light, t.edge);
+  palette.setColor(QPalette::Midlight, t.raised.lighter(115));
+  palette.setColor(QPalette::Mid, t.edge);
+  palette.setColor(QPalette::Dark, t.base);
+  palette.setColor(QPalette::Shadow, Qt::black);
+  for (const QPalette::ColorRole role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, t.faint);
+  }
+  return palette;
+}
+
+void ApplyTheme(bool skinOn) {
+  const PlainLook& plain = Plain();
+  SkinFlag() = skinOn;
+  QApplication::setFont(InterfaceFont());
+  qApp->setStyleSheet({});
+  if (skinOn) {
+    QApplication::setStyle(new DarkStyle);  // the application owns it
+    QApplication::setPalette(DarkPalette());
+    qApp->setStyleSheet(DarkSheet());
+  } else {
+    QApplication::setStyle(plain.style);
+    QApplication::setPalette(plain.palette);
+  }
+}
+
+void ApplyThemeFromSettings() {
+  ApplyTheme(ReadSwitch("Skin", "1"));
+}
+
+bool SkinIsOn() {
+  return SkinFlag();
+}
+
+double ContrastRatio(const QColor& a, const QColor& b) {
+  const auto [low, high] = std::minmax({Luminance(a), Luminance(b)});
+  return (high + 0.05) / (low + 0.05);
+}
+
+QColor ReadableOn(const QColor& back) {
+  return ContrastRatio(back, Qt::black) >= ContrastRatio(back, Qt::white) ? QColor(Qt::black) : QColor(Qt::white);
+}
+
+}  // namespace kestrava::platform::qt

@@ -1,0 +1,35 @@
+// The doors that the toolkit gives: message boxes, opening of documents and programs, the machine's locale.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/MachineLocale.h"
+#include "platform/Messages.h"
+#include "platform/Opener.h"
+
+namespace kestrava::platform::qt {
+
+class QtMessages : public Messages {
+ public:
+  void Show(std::string_view text, std::string_view title = kProgramTitle) override;
+  bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) override;
+};
+
+class QtOpener : public Opener {
+ public:
+  /// Asks the desktop's own tools whether there is a handler, for two seconds at most.
+  bool Open(std::string_view target) override;
+  bool Run(const std::string& program, const std::vector<std::string>& arguments) override;
+};
+
+class QtLocale : public MachineLocale {
+ public:
+  std::string DecimalSign() const override;
+  std::string GroupSign() const override;
+  std::string DateText(SerialDate local) const override;
+  std::string TimeText(SerialDate local) const override;
+};
+
+}  // namespace kestrava::platform::qt
