@@ -188,7 +188,7 @@ TEST(Style, ADoubleInAPublicHeaderCarriesItsUnit) {
                                        "end"};
   const std::regex naked{R"(\bdouble&? (\w+))"};
   const std::regex unit{
-      R"((Fraction|PerDay[23]|PerEarthRadius|Deg|Rad|Km|Kms|KmS|Min|Minutes|S|Sec|Seconds|Ms|M|Px|Days|Serial|Pt|Utc|PerMinute|PerDay|PerMin|PerS|DegPerS|EarthRadii|Au|DegWest|Jd|Twips)$)"};
+      R"((^minutes|^seconds|Fraction|PerDay[23]|PerEarthRadius|Deg|Rad|Km|Kms|KmS|Min|Minutes|S|Sec|Seconds|Ms|M|Px|Days|Serial|Pt|Utc|PerMinute|PerDay|PerMin|PerS|DegPerS|EarthRadii|Au|DegWest|Jd|Twips)$)"};
   for (const SourceFile& file : ReadSources({"src"})) {
     if (!IsPublicHeader(file.path)) continue;
     for (std::size_t i = 0; i < file.lines.size(); ++i) {
