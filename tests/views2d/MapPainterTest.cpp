@@ -1,0 +1,506 @@
+#include <limits>
+
+#include "platform/Fault.h"
+#include "views2d/MapPainter.h"
+
+#include "PainterFixture.h"
+
+namespace kestrava::views2d {
+namespace {
+
+using Texts = std::vector<std::string>;
+
+class MapPainterTest : public PainterFixture {};
+
+TEST_F(MapPainterTest, AnUnknownModePaintsLikeTheWorld) {
+  AddFavourite("AO-07", 10, 200);
+  Paint();
+  const std::string known = log.GoldenText();
+  map.MapMode = "globe";
+  Paint();
+  EXPECT_EQ(log.GoldenText(), known);
+}
+
+TEST_F(MapPainterTest, LayersComeInTheirFixedOrder) {
+  AddFavourite("AO-07", 10, 200);
+  AddLocation("Quito", "0", "78", "1");
+  Paint();
+  int last = -1;
+  for (const char* layer :
+       {"Final SetFont Small fonts 7 bold", "Final StretchBlt", "Final DrawCircle", "Final Print \"Quito\"",
+        "Final BitBlt 452,259 30x30 from SunMask", "Alpha Clear", "Alpha LineTo", "Alpha FloodFill", "Final AlphaBlend",
+        "Final BitBlt 1118,381 20x20 from MoonMask", "Final SetPen #000000", "Final SetPen #0080ff",
+        "Final BitBlt 1308,299 32x32 from SatMask(0)", "Final Print \"AO-07\"", "Final SetFont Arial 11 bold",
+        "Final SetFont Arial 8 bold"}) {
+    const int index = log.IndexOf(layer, last + 1);
+    ASSERT_GT(index, last) << layer << "\n" << log.GoldenText();
+    last = index;
+  }
+}
+
+TEST_F(MapPainterTest, TheSunGoesDownBeforeTheMaskSoThatItIsTinted) {
+  Paint();
+  EXPECT_LT(log.IndexOf("Final BitBlt 452,259 30x30 from SunPic 0,0 paint"), log.IndexOf("Final AlphaBlend"));
+  EXPECT_GT(log.IndexOf("Final BitBlt 1118,381 20x20 from MoonPic 0,0 paint"), log.IndexOf("Final AlphaBlend"));
+}
+
+TEST_F(MapPainterTest, TheHomeDotStandsThreePixelsRightOfAndAboveThePlace) {
+  settings.Set("Latitude", "45");
+  settings.Set("Longitude", "90");
+  tables.LocationName = "Home";
+  Paint();
+  EXPECT_EQ(LayerOf("Final SetPen #00ff00", "Final BitBlt"),
+            (Texts{"Final SetPen #00ff00", "Final DrawCircle (353,173) radius 1", "Final Print \"Home\""}));
+}
+
+TEST_F(MapPainterTest, TheFirstPaintStoresAPlaceOfZeroForAHomeWithoutSettings) {
+  Paint();
+  EXPECT_EQ(settings.Get("Latitude"), "0");
+  EXPECT_EQ(settings.Get("Longitude"), "0");
+  EXPECT_EQ(log.Of("Final DrawCircle"), Texts{"Final DrawCircle (703,349) radius 1"});
+}
+
+TEST_F(MapPainterTest, LocationsOfTheMapAreDrawnInTheHomesGreenAtTheirTruePlace) {
+  AddLocation("Quito", "0", "90", "1");
+  AddLocation("Hidden", "0", "90", "0");
+  AddLocation("Ticked", "0", "90", "-1");
+  AddLocation("Perth", "-45", "270", "1");
+  Paint();
+  EXPECT_EQ(LayerOf("Final DrawPoint", "Final BitBlt"), (Texts{"Final DrawPoint (350,352)", "Final Print \"Quito\"",
+                                                               "Final DrawPoint (1050,528)", "Final Print \"Perth\""}));
+}
+
+TEST_F(MapPainterTest, TheLastRowOfTheLocationsIsDrawnToo) {
+  tables.LocationList[100] = {"Last", "0", "0", 0, "1"};
+  Paint();
+  EXPECT_EQ(Printed().at(1), "Last");
+}
+
+TEST_F(MapPainterTest, OnADecimalCommaMachineSettingsAndLocationsWithAPointStillParse) {
+  locale.UseComma();
+  settings.Set("Latitude", "51.75");
+  settings.Set("Longitude", "0.25");
+  AddLocation("Quito", "-0.5", "78.5", "1");
+  AddLocation("Bonn", "50,7", "352,9", "1");
+  Paint();
+  EXPECT_EQ(log.Of("Final DrawCircle"), Texts{"Final DrawCircle (702.028,146.6) radius 1"});
+  EXPECT_EQ(LayerOf("Final DrawPoint", "Final BitBlt"),
+            (Texts{"Final DrawPoint (394.722,353.956)", "Final Print \"Quito\"", "Final DrawPoint (727.611,153.707)",
+                   "Final Print \"Bonn\""}));
+}
+
+TEST_F(MapPainterTest, AnUnreadableHomePlaceCostsOnlyTheHomeDot) {
+  settings.Set("Latitude", "north");
+  AddLocation("Quito", "0", "90", "1");
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"Type mismatch - mapview RepaintMapScreen"});
+  ASSERT_EQ(ErrorLog().size(), 1U);
+  EXPECT_NE(ErrorLog()[0].find(" - Type mismatch - mapview RepaintMapScreen"), std::string::npos) << ErrorLog()[0];
+  EXPECT_TRUE(log.Of("Final DrawCircle").empty());
+  EXPECT_EQ(Printed().at(0), "Quito");
+  EXPECT_EQ(LayerOf("Final SetPen", "Final DrawPoint"), Texts{"Final SetPen #00ff00"});
+}
+
+TEST_F(MapPainterTest, ALocationWithoutANumberCostsOnlyItsRow) {
+  AddLocation("Nowhere", "", "90", "1");
+  AddLocation("Quito", "0", "90", "1");
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"Type mismatch - mapview RepaintMapScreen"});
+  EXPECT_EQ(Printed().at(1), "Quito");
+  EXPECT_EQ(log.Of("Final Print \"Nowhere\"").size(), 0U);
+}
+
+TEST_F(MapPainterTest, AnEmptyWorldPictureIsLoggedAndPaintingGoesOn) {
+  final.stretchResult = 0;
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"World Normal BLiTter - StretchBlt error"});
+  ASSERT_EQ(ErrorLog().size(), 1U);
+  EXPECT_NE(ErrorLog()[0].find(" - World Normal BLiTter - StretchBlt error"), std::string::npos) << ErrorLog()[0];
+  EXPECT_GE(log.IndexOf("Final SetFont Arial 8 bold"), 0);
+}
+
+TEST_F(MapPainterTest, TheResultsOfAllOtherBaseBlitsAreNotTested) {
+  final.stretchResult = 0;
+  for (const char* mode : {"worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"}) {
+    map.MapMode = mode;
+    Paint();
+    EXPECT_EQ(TakeFaults(), Texts{}) << mode;
+  }
+}
+
+TEST_F(MapPainterTest, ABrokenBaseBlitCostsOnlyTheBaseLayer) {
+  final.fail = [](std::string_view operation) {
+    if (operation == "StretchBlt") throw platform::Fault::InvalidPicture();
+  };
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"Invalid picture - mapview RepaintMapScreen"});
+  EXPECT_GE(log.IndexOf("Final DrawCircle"), 0);
+}
+
+TEST_F(MapPainterTest, EveryRegionTakesItsQuarterOfTheWorldPicture) {
+  world.Resize(2801, 1405);  // odd: 1400.5 and 702.5 go to the even neighbours, 700.25 down
+  final.Resize(800, 400);
+  const std::pair<const char*, const char*> expected[] = {{"NWQ", "0,0"},   {"NCQ", "700,0"},   {"NEQ", "1400,0"},
+                                                          {"SWQ", "0,702"}, {"SCQ", "700,702"}, {"SEQ", "1400,702"}};
+  for (const auto& [mode, corner] : expected) {
+    map.MapMode = mode;
+    Paint();
+    EXPECT_EQ(log.Of("Final StretchBlt"),
+              (Texts{std::string("Final StretchBlt 0,0 800x400 from WorldNormal ") + corner + " 1400x702 copy"}));
+  }
+}
+
+TEST_F(MapPainterTest, TheSwappedWorldIsTwoBlits) {
+  map.MapMode = "worldalt";
+  Paint();
+  EXPECT_EQ(log.Of("Final StretchBlt"), (Texts{"Final StretchBlt 0,0 700x704 from WorldNormal 700,0 700x704 copy",
+                                               "Final StretchBlt 700,0 700x704 from WorldNormal 0,0 700x704 copy"}));
+}
+
+TEST_F(MapPainterTest, HalvesOfOddSizesGoToTheEvenNumber) {
+  final.Resize(1401, 703);
+  alpha.Resize(567, 371);
+  Paint();
+  EXPECT_EQ(log.Of("Final AlphaBlend"), (Texts{"Final AlphaBlend 0,0 700x352 from Alpha 0,0 284x186 #280000",
+                                               "Final AlphaBlend 700,0 700x352 from Alpha 284,0 284x186 #280000",
+                                               "Final AlphaBlend 0,352 700x352 from Alpha 0,186 284x186 #280000",
+                                               "Final AlphaBlend 700,352 700x352 from Alpha 284,186 284x186 #280000"}));
+}
+
+TEST_F(MapPainterTest, TheBlendFunctionIsTheWeightShiftedLeftBySixteenBits) {
+  for (const auto& [weight, text] :
+       {std::pair{0, "#000000"}, {5, "#050000"}, {16, "#100000"}, {40, "#280000"}, {255, "#ff0000"}}) {
+    log.operations.clear();
+    AlphaBlendPercent(final, {1, 2, 3, 4}, alpha, {5, 6, 7, 8}, static_cast<std::uint8_t>(weight));
+    EXPECT_EQ(log.Of("Final AlphaBlend"), Texts{std::string("Final AlphaBlend 1,2 3x4 from Alpha 5,6 7x8 ") + text});
+  }
+}
+
+TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheLeftLeavesThroughTheEastEdge) {
+  tables.SunCircle.fill({10, 100});
+  tables.SunCircle[1] = {10, 181};  // 438 pixels to the right: still a plain line
+  tables.SunCircle[2] = {10, 179};  // 562 to the left
+  Paint();
+  EXPECT_EQ(LayerOf("Alpha Clear", "Alpha FloodFill").size(), 4U + 360 + 2);
+  const Texts first = log.Between(log.IndexOf("Alpha Clear"), log.IndexOf("Alpha Clear") + 10);
+  EXPECT_EQ(first, (Texts{"Alpha Clear #000000", "Alpha SetLineWidth 2", "Alpha DrawPoint (125.778,164.444)",
+                          "Alpha SetPen #ffffff", "Alpha LineTo (564.428,164.444)", "Alpha LineTo (10000,164.444)",
+                          "Alpha DrawPoint (-10,164.444)", "Alpha LineTo (1.572,164.444)",
+                          "Alpha LineTo (125.778,164.444)", "Alpha LineTo (125.778,164.444)"}));
+}
+
+TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheRightLeavesThroughTheWestEdge) {
+  tables.SunCircle.fill({10, 179});
+  tables.SunCircle[1] = {10, 181};
+  Paint();
+  const int first = log.IndexOf("Alpha LineTo");
+  EXPECT_EQ(log.Between(first, first + 3),
+            (Texts{"Alpha LineTo (-10,164.444)", "Alpha DrawPoint (576,164.444)", "Alpha LineTo (564.428,164.444)"}));
+}
+
+TEST_F(MapPainterTest, AJumpOfExactlyFiveHundredPixelsIsStillAStrokeAcross) {
+  alpha.Resize(720, 360);  // two pixels to a degree: no rounding
+  tables.SunCircle.fill({10, 180});
+  tables.SunCircle[1] = {10, 290};  // 0 to 500
+  Paint();
+  const int first = log.IndexOf("Alpha LineTo");
+  EXPECT_EQ(log.Between(first, first + 1), Texts{"Alpha LineTo (500,160)"});
+  EXPECT_EQ(log.Of("Alpha DrawPoint").size(), 1U);
+}
+
+TEST_F(MapPainterTest, TheThresholdDoesNotScaleSoASmallMaskNeverSeesAnEdge) {
+  alpha.Resize(400, 300);
+  SetSun(0, 60);
+  Paint();
+  EXPECT_EQ(log.Of("Alpha DrawPoint").size(), 1U);
+}
+
+TEST_F(MapPainterTest, WithTheSunNearTheEquatorTheTerminatorCrossesTheMapEdgeOnce) {
+  for (double lonDeg = 0.3; lonDeg < 360; lonDeg += 5) {
+    SetSun(2, lonDeg);
+    Paint();
+    EXPECT_EQ(log.Of("Alpha DrawPoint").size(), 2U) << lonDeg;  // the start and one way back in
+  }
+}
+
+TEST_F(MapPainterTest, WithTheSunOnTheEquatorTheStepsAcrossThePolesStayBelowTheThreshold) {
+  // From the Sun's meridian to the terminator's in one row: 90 degrees, at most 425 pixels, along the map's top.
+  SetSun(0, 120);
+  Paint();
+  EXPECT_EQ(log.Of("Alpha DrawPoint").size(), 1U);
+}
+
+TEST_F(MapPainterTest, SixteenSeedsAreFilledUpToWhite) {
+  Paint();
+  const Texts fills = log.Of("Alpha FloodFill");
+  ASSERT_EQ(fills.size(), 16U);
+  for (const std::string& fill : fills) EXPECT_NE(fill.find("border #ffffff"), std::string::npos) << fill;
+  EXPECT_EQ(fills[0], fills[15]);
+}
+
+TEST_F(MapPainterTest, TheTrackTakesTwoDotsAMinuteInTheRowsColours) {
+  tables.GroundTrack[0] = {0, 90, 0x0000FF};
+  tables.GroundTrack[1] = {0, 45, 0xFFFFFF};
+  settings.Set("GroundTrackLen", "1");
+  Paint();
+  EXPECT_EQ(LayerOf("Final SetPen #0000ff", "Final SetPen #0080ff"),
+            (Texts{"Final SetPen #0000ff", "Final DrawPoint (350,352)", "Final SetPen #ffffff",
+                   "Final DrawPoint (525,352)", "Final SetPen #000000", "Final DrawPoint (700,352)"}));
+}
+
+TEST_F(MapPainterTest, ALengthJustRaisedShowsZeroRowsAsDotsAtZeroZero) {
+  for (std::size_t i = 0; i <= 4; ++i) tables.GroundTrack[i] = {45, 90, 0xFFFFFF};
+  Paint();
+  EXPECT_EQ(log.Of("Final SetPen #000000").size(), 1U);  // the status line's
+  settings.Set("GroundTrackLen", "3");
+  Paint();
+  EXPECT_EQ(LayerOf("Final SetPen #000000", "Final SetPen #0080ff"),
+            (Texts{"Final SetPen #000000", "Final DrawPoint (700,352)", "Final SetPen #000000",
+                   "Final DrawPoint (700,352)"}));
+}
+
+TEST_F(MapPainterTest, TheLongestTrackOfThePanelFitsItsTable) {
+  settings.Set("GroundTrackLen", "1440");
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{});
+}
+
+TEST_F(MapPainterTest, AnUnreadableTrackLengthCostsOnlyTheTrack) {
+  settings.Set("GroundTrackLen", "long");
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"Type mismatch - mapview RepaintMapScreen"});
+  EXPECT_GE(log.IndexOf("Final SetPen #0080ff"), 0);
+}
+
+TEST_F(MapPainterTest, ATrackBeyondItsTableIsLoggedRowByRow) {
+  settings.Set("GroundTrackLen", "1441");
+  Paint();
+  EXPECT_EQ(TakeFaults(), (Texts{"Subscript out of range - mapview RepaintMapScreen",
+                                 "Subscript out of range - mapview RepaintMapScreen"}));
+}
+
+TEST_F(MapPainterTest, TrackAndFootprintAreHiddenByTheirSettings) {
+  settings.Set("ShowGroundtrack", "0");
+  settings.Set("ShowFootprints", "0");
+  Paint();
+  EXPECT_EQ(log.IndexOf("Final SetPen #0080ff"), -1);
+  EXPECT_TRUE(log.Of("Final DrawPoint (700,352)").empty());
+  EXPECT_EQ(LayerOf("Final BitBlt 1118,381 20x20 from MoonPic", "Final SetDrawMode").size(), 1U);
+}
+
+TEST_F(MapPainterTest, TheFootprintIsTheEvenRowsInOrangeDots) {
+  for (std::size_t i = 0; i < tables.FootPrint.size(); ++i) tables.FootPrint[i] = {0, static_cast<double>(i) / 2};
+  settings.Set("ShowGroundtrack", "0");
+  Paint();
+  const Texts layer = LayerOf("Final SetPen #0080ff", "Final SetDrawMode");
+  ASSERT_EQ(layer.size(), 182U);
+  EXPECT_EQ(layer[1], "Final DrawPoint (700,352)");
+  EXPECT_EQ(layer[2], "Final DrawPoint (696.111,352)");  // row 2, one degree on; row 1 is passed over
+  EXPECT_EQ(layer[181], "Final DrawPoint (0,352)");
+}
+
+struct LookRow {
+  const char* name;
+  const char* sprite;
+  int labelRisePx;
+};
+
+TEST_F(MapPainterTest, TheNameDecidesTheSpriteAndTheRiseOfTheLabel) {
+  for (const LookRow& row :
+       {LookRow{"AO-07", "0", 14}, LookRow{"ISS (ZARYA)", "1", 24}, LookRow{"STS-114", "3", 24},
+        LookRow{"AMSAT P3D", "4", 16}, LookRow{"OSCAR AO-40", "4", 16}, LookRow{"NOAA 15", "5", 21},
+        LookRow{"iss", "0", 14}, LookRow{"THE ISS", "0", 14}, LookRow{"noaa 15", "0", 14}, LookRow{"", "0", 14},
+        LookRow{"ISS P3D", "4", 16}, LookRow{"NOAA AO-40", "5", 21}, LookRow{"STS P3D AO-40", "4", 16}}) {
+    tables.FaveCount = 0;
+    AddFavourite(row.name, 0, 0);
+    Paint();
+    EXPECT_EQ(SpritesPainted(), Texts{row.sprite}) << row.name;
+    const std::string label = "Final DrawPoint (684," + std::to_string(352 - row.labelRisePx) + ")";
+    const int mode = log.IndexOf("Final SetDrawMode no operation");
+    EXPECT_EQ(log.Between(mode + 1, mode + 2), Texts{label}) << row.name;
+  }
+}
+
+TEST_F(MapPainterTest, TheSpriteIsOffCentreByDesignAndTheLabelMarksNothingButItsText) {
+  AddFavourite("AO-07", 45, 90);
+  Paint();
+  EXPECT_EQ(
+      LayerOf("Final BitBlt 336,162", "Final SetPen #ff0000"),
+      (Texts{"Final BitBlt 336,162 32x32 from SatMask(0) 0,0 and",
+             "Final BitBlt 336,162 32x32 from SatPic(0) 0,0 paint", "Final SetDrawMode no operation",
+             "Final DrawPoint (334,162)", "Final SetDrawMode copy", "Final SetPen #ffffff", "Final Print \"AO-07\"",
+             "Final SetDrawMode no operation", "Final DrawPoint (0,0)", "Final SetDrawMode copy"}));
+}
+
+TEST_F(MapPainterTest, SpritesGoToTheNearestPixelAndTiesToTheEvenOne) {
+  final.Resize(720, 360);  // two pixels to a degree
+  AddFavourite("A", 0, 180 - 50.25);
+  AddFavourite("B", 0, 180 - 50.75);
+  Paint();
+  const Texts masks = log.Of("Final BitBlt");
+  EXPECT_NE(masks[4].find("Final BitBlt 86,166"), std::string::npos) << masks[4];  // 86.5
+  EXPECT_NE(masks[6].find("Final BitBlt 88,166"), std::string::npos) << masks[6];  // 87.5
+}
+
+TEST_F(MapPainterTest, ASatelliteWithoutAPlaceCostsOnlyItself) {
+  AddFavourite("LOST", 0, std::numeric_limits<double>::quiet_NaN());
+  AddFavourite("AO-07", 45, 90);
+  Paint();
+  EXPECT_EQ(TakeFaults(), Texts{"Overflow - mapview RepaintMapScreen"});
+  EXPECT_EQ(Printed().at(1), "AO-07");
+}
+
+TEST_F(MapPainterTest, FivehundredFavouritesAreAllDrawnAndNothingMarksTheSelectedOne) {
+  for (int i = 0; i < orbit::kFaveRows; ++i) AddFavourite("AO-07", 45, 90);
+  tables.SelSat = 7;
+  Paint();
+  EXPECT_EQ(SpritesPainted().size(), 500U);
+  EXPECT_EQ(Printed().size(), 502U);  // home, 500 names, status line
+}
+
+TEST_F(MapPainterTest, WithoutFavouritesTheStatusLineStillPrints) {
+  Paint();
+  EXPECT_TRUE(SpritesPainted().empty());
+  EXPECT_EQ(Printed().back(),
+            " ISS (ZARYA)  Latitude : 10.00 Deg  Longitude : 020.000 W Deg  Azimuth : 1.0 Deg  "
+            "Elevation : -2.0 Deg   AOS : 12:34:56");
+}
+
+TEST_F(MapPainterTest, TheStatusLineOfAFreshWindowIsBlanksAndTheTailOfPleaseWait) {
+  map.RemoteStat.fill("");
+  map.RemoteStat[0] = "Please Wait.....";
+  Paint();
+  EXPECT_EQ(Printed().back(), " ....           ");
+}
+
+TEST_F(MapPainterTest, TheStatusLineStandsTwentyPixelsAboveTheInnerEdge) {
+  Paint();
+  EXPECT_EQ(LayerOf("Final DrawPoint (0,508)", "Final Print \" ISS"),
+            (Texts{"Final DrawPoint (0,508)", "Final SetDrawMode copy", "Final SetPen #000000",
+                   "Final SetFont Arial 8 bold"}));
+}
+
+TEST_F(MapPainterTest, TheStatusLineIsWhiteOverTheNorthernRegionsElseBlack) {
+  for (const auto& [mode, pen] : {std::pair{"NWQ", "ffffff"},
+                                  {"NEQ", "ffffff"},
+                                  {"NCQ", "ffffff"},
+                                  {"SWQ", "000000"},
+                                  {"SEQ", "000000"},
+                                  {"SCQ", "000000"},
+                                  {"worldnormal", "000000"},
+                                  {"worldalt", "000000"},
+                                  {"globe", "000000"}}) {
+    map.MapMode = mode;
+    Paint();
+    const int font = log.IndexOf("Final SetFont Arial 8 bold");
+    EXPECT_EQ(log.Between(font - 1, font), Texts{std::string("Final SetPen #") + pen}) << mode;
+  }
+}
+
+TEST_F(MapPainterTest, ThePaintEndsWithTheSmallFontAsItBegan) {
+  Paint();
+  EXPECT_EQ(log.operations.front().Text(), "Final SetFont Small fonts 7 bold");
+  EXPECT_EQ(log.operations.back().Text(), "Final SetFont Small fonts 7 bold");
+}
+
+TEST_F(MapPainterTest, TheLabelsLeaveTheBluePenAndTheSmallFontBehind) {
+  Paint();
+  const int pen = log.IndexOf("Final SetPen #ff0000");
+  EXPECT_EQ(log.Between(pen - 3, pen + 3),
+            (Texts{"Final SetDrawMode no operation", "Final DrawPoint (0,0)", "Final SetDrawMode copy",
+                   "Final SetPen #ff0000", "Final SetFont Arial 11 bold", "Final SetFont Small fonts 7 bold"}));
+}
+
+TEST_F(MapPainterTest, ThePlaceOfTheWindowIsWrittenOnEveryPaint) {
+  Paint();
+  EXPECT_EQ(settings.Get("WinPosX"), "300");
+  EXPECT_EQ(settings.Get("WinPosY"), "450");
+  EXPECT_EQ(settings.Get("WinPosW"), "12195");
+  EXPECT_EQ(settings.Get("WinPosH"), "7920");
+  host.place.leftTwips = -15;
+  Paint();
+  EXPECT_EQ(settings.Get("WinPosX"), "-15");
+}
+
+TEST_F(MapPainterTest, AMinimisedOrHiddenWindowWritesNoPlace) {
+  host.place.storable = false;
+  Paint();
+  EXPECT_FALSE(settings.Has("WinPosX"));
+  EXPECT_FALSE(settings.Has("WinPosH"));
+}
+
+TEST_F(MapPainterTest, AStoreThatTakesNothingCostsThePlaceAndIsLogged) {
+  Paint();
+  host.place.widthTwips = 1;
+  settings.FailWrites(platform::Fault::DiskFull());
+  Paint();
+  EXPECT_EQ(TakeFaults().size(), 4U);
+  settings.Mend();
+}
+
+TEST_F(MapPainterTest, APaintYieldsTwiceAfterTheBaseLayerAndAfterTheStatusLine) {
+  std::size_t atFirst = 0;
+  std::size_t atSecond = 0;
+  eventLoop.AtYield(1, [&] { atFirst = log.operations.size(); });
+  eventLoop.AtYield(2, [&] { atSecond = log.operations.size(); });
+  const int before = eventLoop.YieldCount();
+  Paint();
+  EXPECT_EQ(eventLoop.YieldCount() - before, 2);
+  EXPECT_EQ(log.operations[atFirst - 1].what, "Final StretchBlt");
+  EXPECT_EQ(atSecond, log.operations.size());
+}
+
+TEST_F(MapPainterTest, AWindowThatClosesInTheFirstYieldIsPaintedNoFurther) {
+  eventLoop.AtYield(1, [&] { host.open = false; });
+  Paint();
+  EXPECT_EQ(log.operations.back().what, "Final StretchBlt");
+  EXPECT_FALSE(settings.Has("WinPosX"));
+}
+
+TEST_F(MapPainterTest, AWindowThatClosesInTheSecondYieldWritesNoPlace) {
+  eventLoop.AtYield(2, [&] { host.open = false; });
+  Paint();
+  EXPECT_FALSE(settings.Has("WinPosX"));
+}
+
+TEST_F(MapPainterTest, TheTablesAreReadLiveSoARowChangedInAYieldIsSeen) {
+  AddFavourite("AO-07", 45, 90);
+  eventLoop.AtYield(1, [&] { tables.FaveList[1].Name = "RS-44"; });
+  Paint();
+  EXPECT_EQ(Printed().at(1), "RS-44");
+}
+
+TEST_F(MapPainterTest, BrokenSurfacesCostTheirLayersAndNothingElse) {
+  for (const char* broken : {"BitBlt", "AlphaBlend", "DrawPoint", "Print", "SetFont"}) {
+    final.fail = [&](std::string_view operation) {
+      if (operation == broken) throw platform::Fault::InvalidPicture();
+    };
+    Paint();
+    for (const std::string& fault : TakeFaults()) {
+      EXPECT_EQ(fault, "Invalid picture - mapview RepaintMapScreen") << broken;
+    }
+    EXPECT_EQ(log.Of("Alpha FloodFill").size(), 16U) << broken;
+  }
+}
+
+TEST_F(MapPainterTest, ABrokenMaskIsLoggedForEachOfItsStatements) {
+  alpha.fail = [](std::string_view operation) {
+    if (operation == "FloodFill") throw platform::Fault::InvalidPicture();
+  };
+  Paint();
+  EXPECT_EQ(TakeFaults().size(), 16U);
+  EXPECT_EQ(log.Of("Final AlphaBlend").size(), 4U);
+}
+
+TEST_F(MapPainterTest, MappingsFollowTheSizesOfTheirSurfaces) {
+  final.Resize(720, 360);
+  EXPECT_DOUBLE_EQ(painter->LonToMapX(90), 180);
+  EXPECT_DOUBLE_EQ(painter->LatToMapY(45), 90);
+  EXPECT_DOUBLE_EQ(painter->LonToMaskX(180), 0);
+  EXPECT_DOUBLE_EQ(painter->LatToMaskY(-90), 370);
+  map.MapMode = "NEQ";
+  EXPECT_DOUBLE_EQ(painter->LonToMapX(270), 360);
+}
+
+}  // namespace
+}  // namespace kestrava::views2d
