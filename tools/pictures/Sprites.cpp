@@ -93,10 +93,12 @@ void GenericSatellite(QPainter& p) {
 // Truss along the length, four pairs of wings, modules across.
 void Station(QPainter& p) {
   Tilted(p, -16, [&] {
+    p.translate(1.4, 1.45);  // nine tenths about the place, so that the turned wings stay inside
+    p.scale(0.9, 0.9);
     Strut(p, {2, 14.2}, {26, 14.2}, 1.6);
     for (const double x : {0.8, 4.9, 19.9, 24.0}) {
-      Panel(p, {x, 5.2, 3.3, 8.0}, 1, 4);
-      Panel(p, {x, 15.2, 3.3, 8.0}, 1, 4);
+      Panel(p, {x, 5.2, 3.3, 8.2}, 1, 4);
+      Panel(p, {x, 15.2, 3.3, 8.2}, 1, 4);
     }
     Box(p, {9.3, 15.2, 2.6, 5.4}, QColor(246, 246, 248), QColor(190, 196, 206), 0.3);
     Box(p, {16.1, 15.2, 2.6, 5.4}, QColor(246, 246, 248), QColor(190, 196, 206), 0.3);
@@ -195,7 +197,7 @@ void DrawSun(QPainter& p) {
   QPolygonF star;
   for (int i = 0; i < 2 * kRays; ++i) {
     const double angle = std::numbers::pi * i / kRays;
-    const double reach = i % 2 != 0 ? 9.6 : (i % 4 == 0 ? 14.2 : 12.2);
+    const double reach = i % 2 != 0 ? 9.6 : (i % 4 == 0 ? 13.8 : 12.0);
     star << centre + QPointF(std::sin(angle) * reach, -std::cos(angle) * reach);
   }
   rays.addPolygon(star);
