@@ -1,6 +1,7 @@
 #include "orbit/PassList.h"
 
 #include <cmath>
+#include <cstdint>
 
 #include "orbit/Frames.h"
 #include "platform/Format.h"
@@ -22,6 +23,10 @@ void AppendMoment(std::string& text, double utcSerial) {
   text += ' ';
 }
 
+int64_t WholeSecond(double utcSerial) {
+  return std::llround(utcSerial * platform::kSecondsPerDay);
+}
+
 }  // namespace
 
 std::string PassListText(std::span<const Pass> passes) {
@@ -33,8 +38,8 @@ std::string PassListText(std::span<const Pass> passes) {
     AppendMoment(text, pass.highestSerial);
     text += platform::PointText(std::round(pass.highestElevationRad / kRadPerDeg * 1e4) / 1e4);
     text += ' ';
-    const double durationS = (pass.setSerial - pass.riseSerial) * platform::kSecondsPerDay;
-    text += std::to_string(std::lround(durationS));
+    // between the written seconds, so that start and duration give the written end
+    text += std::to_string(WholeSecond(pass.setSerial) - WholeSecond(pass.riseSerial));
     text += '"';
   }
   return text;

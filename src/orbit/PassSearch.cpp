@@ -14,9 +14,10 @@ constexpr double kSecondsPerDay = 86400.0;
 constexpr double kAheadS = kSearchAheadDays * kSecondsPerDay;
 constexpr double kForever = std::numeric_limits<double>::infinity();
 constexpr double kRootToleranceS = 1e-4;  // of the last correction; what is left after it is its square
+constexpr double kFarthestSerial = 4e6;   // beyond the years that serial dates can hold
 constexpr double kPeakToleranceS = 1e-3;
 constexpr double kPastCrossingS = 5e-6;  // answers lie on the new side, so that a search from an answer goes on
-constexpr double kPeakScanRad = 0.15;    // the elevation has at most one peak in so short an arc
+constexpr double kPeakScanRad = 0.25;    // the elevation has at most one peak in so short an arc
 
 double Between(const HorizonSample& a, const HorizonSample& b) {
   return (a.elapsedS + b.elapsedS) / 2;
@@ -71,8 +72,13 @@ Found NextCrossing(const HorizonWatch& watch, HorizonSample sample, double until
   return {std::nullopt, sample};
 }
 
+bool IsMoment(double serial) {
+  return std::abs(serial) < kFarthestSerial;
+}
+
 // Searches from a moment for the next crossing to one side. A satellite that is there already has to leave it first.
 double NextCrossingTo(bool above, const Sgp4& satellite, const Observer& observer, double utcSerial) {
+  if (!IsMoment(utcSerial)) return kNoSuchMoment;
   const HorizonWatch watch(satellite, observer, utcSerial, 1);
   HorizonSample sample = watch.At(0);
   if (!sample.valid) return kNoSuchMoment;
@@ -87,46 +93,52 @@ double NextCrossingTo(bool above, const Sgp4& satellite, const Observer& observe
   return utcSerial + (*found.crossingS + kPastCrossingS) / kSecondsPerDay;
 }
 
-struct Peak {
-  double elapsedS = 0;
-  double elevationSine = -1;
+// The elevation at a moment of a stay.
+struct Height {
+  HorizonSample sample;
+  ElevationSine elevation;
 };
 
-// The peak between two moments, at the first of which the elevation grows and at the second falls: zero of its rate.
-Peak PeakBetween(const HorizonWatch& watch, double risingS, double fallingS) {
-  double risingRate = watch.ElevationOf(watch.At(risingS)).ratePerS;
-  double fallingRate = watch.ElevationOf(watch.At(fallingS)).ratePerS;
-  Peak peak;
-  for (int i = 0; fallingS - risingS > kPeakToleranceS; ++i) {
-    const double chord = risingS + (fallingS - risingS) * risingRate / (risingRate - fallingRate);
-    const bool halve = i % 3 == 2 || !(chord > risingS && chord < fallingS);
-    const double trial = halve ? (risingS + fallingS) / 2 : chord;
-    const ElevationSine elevation = watch.ElevationOf(watch.At(trial));
-    if (elevation.value > peak.elevationSine) peak = {trial, elevation.value};
-    const double moved = elevation.ratePerS > 0 ? trial - risingS : fallingS - trial;
-    if (!halve && moved < kPeakToleranceS) break;
-    (elevation.ratePerS > 0 ? risingS : fallingS) = trial;
-    (elevation.ratePerS > 0 ? risingRate : fallingRate) = elevation.ratePerS;
+Height HeightAt(const HorizonWatch& watch, double elapsedS) {
+  const HorizonSample sample = watch.At(elapsedS);
+  return {sample, watch.ElevationOf(sample)};
+}
+
+// The peak between two moments, at the first of which the elevation grows and at the second falls: the zero of its
+// rate, by the Illinois form of the false position (Dowell and Jarratt, 1971).
+Height PeakBetween(const HorizonWatch& watch, Height rising, Height falling) {
+  Height peak = rising.elevation.value > falling.elevation.value ? rising : falling;
+  double risingRate = rising.elevation.ratePerS;
+  double fallingRate = falling.elevation.ratePerS;
+  int side = 0;
+  while (falling.sample.elapsedS - rising.sample.elapsedS > kPeakToleranceS) {
+    const double span = falling.sample.elapsedS - rising.sample.elapsedS;
+    const double part = std::clamp(risingRate / (risingRate - fallingRate), 1e-4, 1 - 1e-4);
+    const Height trial = HeightAt(watch, rising.sample.elapsedS + span * part);
+    if (trial.elevation.value > peak.elevation.value) peak = trial;
+    const bool up = trial.elevation.ratePerS > 0;
+    const double moved =
+        up ? trial.sample.elapsedS - rising.sample.elapsedS : falling.sample.elapsedS - trial.sample.elapsedS;
+    (up ? rising : falling) = trial;
+    (up ? risingRate : fallingRate) = trial.elevation.ratePerS;
+    if (side == (up ? 1 : -1)) (up ? fallingRate : risingRate) /= 2;
+    side = up ? 1 : -1;
+    if (moved < kPeakToleranceS) break;
   }
   return peak;
 }
 
 // The highest point of a stay above the horizon. A satellite far out may have several peaks in one stay.
-Peak HighestBetween(const HorizonWatch& watch, double fromS, double toS) {
-  HorizonSample sample = watch.At(fromS);
-  ElevationSine elevation = watch.ElevationOf(sample);
-  Peak highest{fromS, elevation.value};
-  while (sample.elapsedS < toS) {
-    const double nextS = std::min(toS, sample.elapsedS + watch.TimeToTurnS(sample, kPeakScanRad));
-    const HorizonSample next = watch.At(nextS);
-    const ElevationSine nextElevation = watch.ElevationOf(next);
-    if (nextElevation.value > highest.elevationSine) highest = {nextS, nextElevation.value};
-    if (elevation.ratePerS > 0 && nextElevation.ratePerS <= 0) {
-      const Peak peak = PeakBetween(watch, sample.elapsedS, nextS);
-      if (peak.elevationSine > highest.elevationSine) highest = peak;
-    }
-    sample = next;
-    elevation = nextElevation;
+Height HighestBetween(const HorizonWatch& watch, double fromS, double toS) {
+  Height here = HeightAt(watch, fromS);
+  Height highest = here;
+  while (here.sample.elapsedS < toS) {
+    const double stepS = watch.TimeToTurnS(here.sample, kPeakScanRad);
+    const Height next = HeightAt(watch, std::min(toS, here.sample.elapsedS + stepS));
+    const bool peaked = here.elevation.ratePerS > 0 && next.elevation.ratePerS <= 0;
+    const Height candidate = peaked ? PeakBetween(watch, here, next) : next;
+    if (candidate.elevation.value > highest.elevation.value) highest = candidate;
+    here = next;
   }
   return highest;
 }
@@ -179,9 +191,9 @@ class PassCollector {
   }
 
   void Add(double riseS, double setS, double pastS) {
-    const Peak highest = HighestBetween(watch_, riseS, setS);
-    passes_.push_back({SerialOf(riseS + pastS), SerialOf(setS + pastS), SerialOf(highest.elapsedS),
-                       std::asin(std::clamp(highest.elevationSine, -1.0, 1.0))});
+    const Height highest = HighestBetween(watch_, riseS, setS);
+    passes_.push_back({SerialOf(riseS + pastS), SerialOf(setS + pastS), SerialOf(highest.sample.elapsedS),
+                       std::asin(std::clamp(highest.elevation.value, -1.0, 1.0))});
   }
 
   double SerialOf(double elapsedS) const { return fromSerial_ + elapsedS / kSecondsPerDay; }
@@ -204,6 +216,7 @@ double NextSet(const Sgp4& satellite, const Observer& observer, double utcSerial
 }
 
 std::vector<Pass> Passes(const Sgp4& satellite, const Observer& observer, double fromSerial, double days) {
+  if (!IsMoment(fromSerial)) return {};
   return PassCollector(satellite, observer, fromSerial, days).Collect();
 }
 

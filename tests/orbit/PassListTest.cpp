@@ -54,6 +54,12 @@ TEST(PassList, MomentsAreTheNearestSecond) {
   EXPECT_EQ(PassListText(passes).substr(1, 29), "20261116000000 20261116001000");
 }
 
+TEST(PassList, StartAndDurationGiveTheWrittenEnd) {
+  const std::vector<Pass> passes = {
+      {Serial(15, 0, 0, 0) + 0.6 / 86400, Serial(15, 0, 10, 0) + 0.4 / 86400, Serial(15, 0, 5, 0), kRadPerDeg}};
+  EXPECT_EQ(PassListText(passes), "\"20261115000001 20261115001000 20261115000500 1 599\"");
+}
+
 TEST(PassList, AnObjectThatDoesNotSetHasOneEntryADay) {
   const std::string text = ListOf(28912);
   const std::regex form(
