@@ -96,11 +96,30 @@ void MemoryFiles::Remove(const Path& file) {
 }
 
 void MemoryFiles::Rename(const Path& from, const Path& to) {
+  if (Find(from) == files_.end() && FolderExists(from)) {
+    RenameFolder(Key(from), Key(to));
+    return;
+  }
   const Entry moved = Existing(from);
   CheckTarget(to);
   files_.erase(Find(from));
   const auto target = Find(to);
   (target == files_.end() ? files_[Key(to)] : target->second) = moved;
+  ++changes_;
+}
+
+void MemoryFiles::RenameFolder(const std::string& from, const std::string& to) {
+  if (!FolderIsEmpty(to)) throw Fault::PathFileAccess();
+  CheckTarget(to);
+  const auto moved = [&](const std::string& key) {
+    return key == from || platform::BeginsWith(key, from + "/") ? to + key.substr(from.size()) : key;
+  };
+  std::set<std::string> folders;
+  for (const std::string& folder : folders_) folders.insert(moved(folder));
+  std::map<std::string, Entry> files;
+  for (auto& [key, entry] : files_) files.emplace(moved(key), std::move(entry));
+  folders_ = std::move(folders);
+  files_ = std::move(files);
   ++changes_;
 }
 
@@ -135,6 +154,13 @@ std::vector<std::string> MemoryFiles::List(const Path& folder) {
 bool MemoryFiles::FolderExists(const Path& folder) {
   const std::string key = Key(folder);
   return std::any_of(folders_.begin(), folders_.end(), [&](const auto& name) { return EqualsIgnoringCase(name, key); });
+}
+
+bool MemoryFiles::FolderIsEmpty(const Path& folder) {
+  const std::string below = platform::ToCapitals(Key(folder) + "/");
+  const auto isBelow = [&](const std::string& key) { return platform::BeginsWith(platform::ToCapitals(key), below); };
+  return std::none_of(files_.begin(), files_.end(), [&](const auto& entry) { return isBelow(entry.first); }) &&
+         std::none_of(folders_.begin(), folders_.end(), isBelow);
 }
 
 void MemoryFiles::MakeFolder(const Path& folder) {

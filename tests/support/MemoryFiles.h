@@ -35,6 +35,7 @@ class MemoryFiles : public platform::Files {
   void SetModifiedUtc(const Path& file, platform::SerialDate utc) override;
   std::vector<std::string> List(const Path& folder) override;
   bool FolderExists(const Path& folder) override;
+  bool FolderIsEmpty(const Path& folder) override;
   void MakeFolder(const Path& folder) override;
   std::vector<Path> RemovableMedia() override { return media_; }
 
@@ -72,6 +73,7 @@ class MemoryFiles : public platform::Files {
   /// How many of so many bytes pass before the device breaks.
   static std::size_t Pass(std::optional<Break>& device, std::size_t bytes);
   void Store(const Path& file, std::string content);
+  void RenameFolder(const std::string& from, const std::string& to);
 
   platform::Clock& clock_;
   std::map<std::string, Entry> files_;

@@ -71,9 +71,13 @@ std::shared_ptr<SimulatedEventLoop::TimerState> SimulatedEventLoop::EarliestDue(
 
 void SimulatedEventLoop::Fire(const std::shared_ptr<TimerState>& timer) {
   timer->dueMs = clock_.ElapsedMs() + timer->intervalMs;  // missed ticks become one
-  timer->running = true;
+  struct Running {
+    TimerState& state;
+    explicit Running(TimerState& s) : state(s) { state.running = true; }
+    ~Running() { state.running = false; }
+  };
+  const Running running(*timer);
   RunEvent(timer->tick);
-  timer->running = false;
 }
 
 void SimulatedEventLoop::RunEvent(const std::function<void()>& event) {

@@ -1,0 +1,48 @@
+// The file door on Linux. Made once in main; tests use it on folders of their own.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Files.h"
+
+namespace kestrava::platform {
+
+class PosixFiles : public Files {
+ public:
+  using Path = std::filesystem::path;
+
+  /// @param mountTable  where the kernel lists what is mounted
+  explicit PosixFiles(Path mountTable = "/proc/self/mounts") : mountTable_(std::move(mountTable)) {}
+
+  bool Exists(const Path& file) override;
+  std::string Read(const Path& file) override;
+  void Replace(const Path& file, std::string_view content) override;
+  void Append(const Path& file, std::string_view content) override;
+  void Remove(const Path& file) override;
+  void Rename(const Path& from, const Path& to) override;
+  void Copy(const Path& from, const Path& to) override;
+  std::uintmax_t Size(const Path& file) override;
+  SerialDate ModifiedLocal(const Path& file) override;
+  void SetModifiedUtc(const Path& file, SerialDate utc) override;
+  std::vector<std::string> List(const Path& folder) override;
+  bool FolderExists(const Path& folder) override;
+  bool FolderIsEmpty(const Path& folder) override;
+  void MakeFolder(const Path& folder) override;
+  std::vector<Path> RemovableMedia() override;
+
+ private:
+  Path mountTable_;
+};
+
+/// The path under which a name is really there: as given if that exists, else each component matched without regard
+/// to case (ASCII letters); components that match nothing stay as given.
+std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& path);
+
+/// Mount points below /media, /run/media and /mnt that a device is mounted on and not read-only, from the text of the
+/// kernel's mount table.
+std::vector<std::filesystem::path> RemovableMounts(std::string_view mountTable);
+
+}  // namespace kestrava::platform

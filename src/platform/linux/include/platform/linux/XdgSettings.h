@@ -1,0 +1,38 @@
+// The settings store on Linux: one text file in the user's config folder, read whole into memory. Every write is
+// durable and atomic when it returns. Several running copies share it: a write locks the file and reads it anew first,
+// and a read sees another copy's write by a counter that all copies share in memory.
+#pragma once
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/Clock.h"
+#include "platform/Settings.h"
+
+namespace kestrava::platform {
+
+class XdgSettings : public SettingsStore {
+ public:
+  /// Called once in a run when a damaged file was set aside under a dated name, given here. The store holds no value
+  /// then. May be called in mid-read: what it shows, it shows later.
+  using DamageReport = std::function<void(const std::filesystem::path& setAside)>;
+
+  /// @param folder  where the file settings.conf lies or will lie; made on the first write
+  /// @param clock   dates a damaged file
+  XdgSettings(std::filesystem::path folder, Clock& clock, DamageReport report = {});
+  ~XdgSettings() override;
+  XdgSettings(const XdgSettings&) = delete;
+  XdgSettings& operator=(const XdgSettings&) = delete;
+
+  std::string Get(std::string_view key) override;
+  void Set(std::string_view key, std::string_view value) override;
+
+ private:
+  class Store;
+  std::unique_ptr<Store> store_;
+};
+
+}  // namespace kestrava::platform
