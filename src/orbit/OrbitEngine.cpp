@@ -1,14 +1,12 @@
 #include "orbit/OrbitEngine.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <cmath>
 
+#include "orbit/PassList.h"
 #include "orbit/PassSearch.h"
 #include "orbit/SunMoon.h"
 #include "platform/Fault.h"
-#include "platform/SerialDate.h"
 
 #include "Catalogue.h"
 
@@ -51,41 +49,6 @@ ObjectPlace FromBody(const BodyPlace& body, double heightKm, double phaseRad) {
   return place;
 }
 
-void AppendDigits(std::string& text, int value, int width) {
-  std::array<char, 12> digits{};
-  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value).ptr;
-  text.append(static_cast<std::size_t>(std::max<std::ptrdiff_t>(0, width - (end - digits.data()))), '0');
-  text.append(digits.data(), end);
-}
-
-/// YYYYMMDDhhmmss, to the nearest second.
-void AppendMoment(std::string& text, double utcSerial) {
-  const platform::DateParts parts = platform::SplitSerial(utcSerial);
-  AppendDigits(text, parts.year, 4);
-  for (const int part : {parts.month, parts.day, parts.hour, parts.minute, parts.second}) AppendDigits(text, part, 2);
-}
-
-/// One entry of the pass list. The decimal sign is a point on every machine.
-void AppendPass(std::string& text, const Pass& pass) {
-  AppendMoment(text, pass.riseSerial);
-  text += ' ';
-  AppendMoment(text, pass.setSerial);
-  text += ' ';
-  AppendMoment(text, pass.highestSerial);
-  text += ' ';
-  std::array<char, 32> number{};
-  const double degrees = pass.highestElevationRad / kRadPerDeg;
-  constexpr int kDecimals = 4;
-  text.append(
-      number.data(),
-      std::to_chars(number.data(), number.data() + number.size(), degrees, std::chars_format::fixed, kDecimals).ptr);
-  text += ' ';
-  // between the written seconds, so that start and duration give the written end
-  const double seconds =
-      std::round(pass.setSerial * platform::kSecondsPerDay) - std::round(pass.riseSerial * platform::kSecondsPerDay);
-  AppendDigits(text, static_cast<int>(seconds), 1);
-}
-
 }  // namespace
 
 OrbitEngine::OrbitEngine() : catalogue_(std::make_shared<const Catalogue>()), site_(Site::Of({})) {
@@ -109,12 +72,7 @@ const std::string& OrbitEngine::SatelliteNames() const {
 
 std::string OrbitEngine::CalcPassList(std::string_view name, double startSerial, std::int32_t /*one*/,
                                       std::int32_t days, std::int32_t /*word1*/, std::int32_t /*word2*/) {
-  std::string text;
-  for (const Pass& pass : Passes(name, startSerial, days)) {
-    if (!text.empty()) text += ',';
-    AppendPass(text, pass);
-  }
-  return text;
+  return PassListText(Passes(name, startSerial, days));
 }
 
 void OrbitEngine::CalcPosition(std::string_view name, double engineTime, std::int32_t /*word1*/, std::int32_t /*word2*/,

@@ -61,8 +61,7 @@ class OrbitEngine {
   double ObserverHeight() const { return observer_.heightM; }
   void SetObserverHeight(double metres) { observer_.heightM = metres; }
 
-  /// The passes from a moment on, separated by commas; of each, separated by blanks: rise, set and highest point as
-  /// YYYYMMDDhhmmss in Universal Time, highest elevation in degrees, duration in seconds.
+  /// The passes from a moment on, as a text; see PassListText in orbit/PassList.h for its form.
   /// @param days  how many days are covered; the numbers around it are fixed and not read
   /// @throws platform::Fault  no such satellite
   std::string CalcPassList(std::string_view name, double startSerial, std::int32_t one, std::int32_t days,
