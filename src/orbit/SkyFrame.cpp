@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 
 #include <erfa.h>
@@ -19,7 +20,7 @@ constexpr double kFarthestSerial = 4e6;  // beyond the years that serial dates c
 // What the series give for one midnight of Terrestrial Time.
 struct Node {
   int64_t day = INT64_MIN;
-  double trueOfDate[3][3] = {};
+  std::array<Vec3, 3> trueOfDate;
   double equinoxesRad = 0;  // apparent minus mean sidereal time
   double obliquityRad = 0;
   Vec3 fromSunAu;
@@ -27,12 +28,12 @@ struct Node {
   Vec3 velocityAuD;
 };
 
+// NOLINTBEGIN(modernize-avoid-c-arrays): the form in which ERFA takes and gives vectors
 Vec3 VectorOf(const double (&v)[3]) {
   return {v[0], v[1], v[2]};
 }
 
-void FillNode(int64_t day, Node& node) {
-  const double julian = kSerialToJulian + static_cast<double>(day);
+void FillAxes(double julian, Node& node) {
   double dpsi = 0;
   double deps = 0;
   double meanObliquity = 0;
@@ -40,23 +41,33 @@ void FillNode(int64_t day, Node& node) {
   double precession[3][3];
   double biasPrecession[3][3];
   double nutation[3][3];
-  eraPn00b(julian, 0, &dpsi, &deps, &meanObliquity, bias, precession, biasPrecession, nutation, node.trueOfDate);
+  double all[3][3];
+  eraPn00b(julian, 0, &dpsi, &deps, &meanObliquity, bias, precession, biasPrecession, nutation, all);
+  node.trueOfDate = {VectorOf(all[0]), VectorOf(all[1]), VectorOf(all[2])};
   node.equinoxesRad = eraEe00(julian, 0, meanObliquity, dpsi);
   node.obliquityRad = meanObliquity + deps;
+}
+
+void FillOrbit(double julian, Node& node) {
   double heliocentric[2][3];
   double barycentric[2][3];
   eraEpv00(julian, 0, heliocentric, barycentric);
   node.fromSunAu = VectorOf(heliocentric[0]);
   node.fromSunAuD = VectorOf(heliocentric[1]);
   node.velocityAuD = VectorOf(barycentric[1]);
-  node.day = day;
 }
+// NOLINTEND(modernize-avoid-c-arrays)
 
 // Searches ask for many moments of few days; a handful of nodes is kept. A node depends on its day alone.
 const Node& NodeOf(int64_t day) {
   thread_local std::array<Node, 8> kept;
-  Node& node = kept[static_cast<size_t>(day & 7)];
-  if (node.day != day) FillNode(day, node);
+  Node& node = kept[static_cast<std::size_t>(day & 7)];
+  if (node.day != day) {
+    const double julian = kSerialToJulian + static_cast<double>(day);
+    FillAxes(julian, node);
+    FillOrbit(julian, node);
+    node.day = day;
+  }
   return node;
 }
 
@@ -82,8 +93,8 @@ SkyFrame SkyFrameAt(double utcSerial) {
   const Node& a = NodeOf(day);
   const Node& b = NodeOf(day + 1);
   SkyFrame frame;
-  for (int i = 0; i < 3; ++i) {
-    for (int j = 0; j < 3; ++j) frame.trueOfDate[i][j] = Between(a.trueOfDate[i][j], b.trueOfDate[i][j], part);
+  for (std::size_t i = 0; i < frame.trueOfDate.size(); ++i) {
+    frame.trueOfDate[i] = (1 - part) * a.trueOfDate[i] + part * b.trueOfDate[i];
   }
   frame.earthFromSunAu = EarthFromSun(a, b, part);
   frame.earthFromSunAuD = (1 - part) * a.fromSunAuD + part * b.fromSunAuD;

@@ -3,17 +3,19 @@
 // the series and keeps within 1e-8 radians of them.
 #pragma once
 
+#include <array>
+
 #include "orbit/Vec3.h"
 
 namespace kestrava::orbit {
 
 struct SkyFrame {
-  double trueOfDate[3][3] = {};  ///< turns vectors of the inertial frame (GCRS) to true equator and equinox of date
-  double siderealRad = 0;        ///< Greenwich apparent sidereal time
-  double obliquityRad = 0;       ///< true obliquity of date
-  Vec3 earthFromSunAu;           ///< heliocentric position of the Earth, GCRS axes, au
-  Vec3 earthFromSunAuD;          ///< its rate, au a day
-  Vec3 earthVelocityAuD;         ///< barycentric velocity of the Earth, GCRS axes, au a day
+  std::array<Vec3, 3> trueOfDate;  ///< rows: turn vectors of the inertial frame (GCRS) to true equator and equinox
+  double siderealRad = 0;          ///< Greenwich apparent sidereal time
+  double obliquityRad = 0;         ///< true obliquity of date
+  Vec3 earthFromSunAu;             ///< heliocentric position of the Earth, GCRS axes, au
+  Vec3 earthFromSunAuD;            ///< its rate, au a day
+  Vec3 earthVelocityAuD;           ///< barycentric velocity of the Earth, GCRS axes, au a day
 };
 
 /// @param utcSerial  serial date, Universal Time. The result is a pure function of it.

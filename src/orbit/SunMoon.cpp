@@ -1,5 +1,6 @@
 #include "orbit/SunMoon.h"
 
+#include <array>
 #include <cmath>
 
 #include <erfa.h>
@@ -23,9 +24,8 @@ struct Geocentric {
   Vec3 kmS;
 };
 
-Vec3 Turned(const double (&matrix)[3][3], const Vec3& v) {
-  const auto row = [&](int i) { return matrix[i][0] * v.x + matrix[i][1] * v.y + matrix[i][2] * v.z; };
-  return {row(0), row(1), row(2)};
+Vec3 Turned(const std::array<Vec3, 3>& rows, const Vec3& v) {
+  return {Dot(rows[0], v), Dot(rows[1], v), Dot(rows[2], v)};
 }
 
 // The Sun hardly moves in the barycentric frame, so its light time is nothing and all is aberration, first order in
@@ -41,7 +41,7 @@ Geocentric SunFromCentre(const SkyFrame& frame) {
 // For the Moon light time and aberration together are its own way round the Earth during the light time.
 Geocentric MoonFromCentre(double utcSerial, const SkyFrame& frame) {
   const double day = std::floor(utcSerial);
-  double pv[2][3];
+  double pv[2][3];  // NOLINT(modernize-avoid-c-arrays): ERFA's form
   eraMoon98(kSerialToJulian + day, utcSerial - day + TerrestrialMinusUniversalS(utcSerial) / kSecondsPerDay, pv);
   const Vec3 km = kAuKm * Vec3{pv[0][0], pv[0][1], pv[0][2]};
   const Vec3 kmS = kAuKm / kSecondsPerDay * Vec3{pv[1][0], pv[1][1], pv[1][2]};
