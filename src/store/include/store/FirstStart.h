@@ -1,0 +1,43 @@
+// The first start: fills a new folder with the shipped sample data, and guesses the user's place from the zone of the
+// machine. Nothing that exists is ever overwritten, and single missing files are never put back unasked.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace kestrava::store {
+
+/// The place that stands for the machine's time zone.
+struct ZonePlace {
+  std::string zoneName;  ///< "America/New_York"
+  double latitudeDeg = 0;
+  double longitudeEastDeg = 0;
+};
+
+/// True if there is no such folder, or nothing in it.
+bool IsNewFolder(const std::filesystem::path& folder);
+
+/// Fills a new folder: a copy of the shipped one is made beside it and renamed into place in one step, so that a kill
+/// leaves it new or whole. (An empty folder that cannot be renamed over, as the root of a stick, is filled in place,
+/// groups.dat last.) Element files are given the date of their newest elements.
+/// @throws platform::Fault "File not found" without shipped data, or what the disk says; the folder is then new as
+/// before
+void SeedFolder(const std::filesystem::path& shipped, const std::filesystem::path& folder);
+
+/// Writes the four settings of the primary location, unless one of them is already there.
+void WriteFirstLocation(const ZonePlace& place);
+
+/// All that a first start does, if it is one. @return true if the folder was new
+bool PrepareFirstStart(const std::filesystem::path& shipped, const std::filesystem::path& folder,
+                       const std::optional<ZonePlace>& place);
+
+/// True if a file of that name is shipped (a plain name, without regard to case).
+bool IsShipped(const std::filesystem::path& shipped, std::string_view fileName);
+
+/// Puts one shipped file into AppDir, if none of that name is there.
+/// @return false if it is not shipped. @throws platform::Fault if it could not be written
+bool PutBack(const std::filesystem::path& shipped, std::string_view fileName);
+
+}  // namespace kestrava::store

@@ -1,0 +1,216 @@
+#include <string>
+
+#include <gtest/gtest.h>
+
+#include "orbit/Tables.h"
+#include "platform/Fault.h"
+#include "store/Locations.h"
+
+#include "support/House.h"
+
+namespace kestrava::store {
+namespace {
+
+class Locations : public testing::House {
+ protected:
+  orbit::Tables tables;
+
+  const orbit::LocationRec& Row(int row) const { return tables.LocationList.at(row); }
+  static std::string Numbered(int count) {
+    std::string lines;
+    for (int i = 1; i <= count; ++i) lines += "0P" + std::to_string(i) + ";1.5;51.25;30\n";
+    return lines;
+  }
+  std::string FaultOfLoad() {
+    try {
+      LoadLocations(tables);
+    } catch (const platform::Fault& fault) {
+      return fault.what();
+    }
+    return "none";
+  }
+};
+
+TEST_F(Locations, AreReadWithLongitudeBeforeLatitude) {
+  Put("Locations.dat", "1Home;1.5;51.25;30\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).OnMap, "1");
+  EXPECT_EQ(Row(1).Name, "Home");
+  EXPECT_EQ(Row(1).Longitude, "1.5");
+  EXPECT_EQ(Row(1).Latitude, "51.25");
+  EXPECT_EQ(Row(1).HASL, 30);
+  EXPECT_EQ(Row(2).Name, "");
+}
+
+TEST_F(Locations, ComeBackByteForByte) {
+  const std::string file = "1Home;1.5;51.25;30\n0Cape Town;341.58;-33.93;-2\n";
+  Put("Locations.dat", file);
+  LoadLocations(tables);
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), file);
+  EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
+}
+
+TEST_F(Locations, AnythingButOneInFrontMeansNotOnTheMapAndIsDroppedFromTheName) {
+  Put("Locations.dat", "Home;1.5;51.25;30\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).OnMap, "0");
+  EXPECT_EQ(Row(1).Name, "ome");
+}
+
+TEST_F(Locations, AFileOfAPointMachineIsReadOnACommaMachineAndComesOutWithCommas) {
+  locale.UseComma();
+  Put("Locations.dat", "1Home;1.5;51.25;30\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Longitude, "1,5");
+  EXPECT_EQ(Row(1).Latitude, "51,25");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "1Home;1,5;51,25;30\n");
+}
+
+TEST_F(Locations, AFileOfACommaMachineIsReadOnAPointMachine) {
+  Put("Locations.dat", "1Home;1,5;51,25;30\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Longitude, "1.5");
+  EXPECT_EQ(Row(1).Latitude, "51.25");
+}
+
+TEST_F(Locations, ABlankLineEndsTheReading) {
+  Put("Locations.dat", "1A;1;2;3\n\n1B;1;2;3\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Name, "A");
+  EXPECT_EQ(Row(2).Name, "");
+}
+
+TEST_F(Locations, LinesBehindABlankOneAreKeptAsideAtTheSaveAndNamed) {
+  const std::string file = "1A;1;2;3\n\n1B;1;2;3\n";
+  Put("Locations.dat", file);
+  LoadLocations(tables);
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "1A;1;2;3\n");
+  EXPECT_EQ(Content("Locations.dat.bak"), file);
+  EXPECT_EQ(TakeFaults(), std::vector<std::string>{
+                              "Left out of Locations.dat, kept in Locations.dat.bak: 1B;1;2;3 - Global SaveLocations"});
+}
+
+TEST_F(Locations, OneThatTheUserTookOutIsNotKeptAside) {
+  Put("Locations.dat", Numbered(2));
+  LoadLocations(tables);
+  tables.LocationList[2].Name.clear();
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), Numbered(1));
+  EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
+}
+
+TEST_F(Locations, ALineWithoutANameEndsTheListForEveryReaderAndIsKeptAside) {
+  const std::string file = "1;1;2;3\n1B;1;2;3\n";
+  Put("Locations.dat", file);
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Name, "");
+  EXPECT_EQ(Row(2).Name, "B");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "");
+  EXPECT_EQ(Content("Locations.dat.bak"), file);
+  EXPECT_EQ(TakeFaults().size(), 1U);
+}
+
+TEST_F(Locations, AWordThatIsNoNumberBreaksTheLoadOffWithTheRowsSoFar) {
+  Put("Locations.dat", "1A;1;2;3\n1B;west;2;3\n1C;1;2;3\n");
+  tables.LocationList[2].Name = "KEPT";
+  EXPECT_EQ(FaultOfLoad(), "Type mismatch");
+  EXPECT_EQ(Row(1).Name, "A");
+  EXPECT_EQ(Row(2).Name, "KEPT");
+}
+
+TEST_F(Locations, WhatABrokenLoadDidNotReachIsKeptAsideAtTheSave) {
+  const std::string file = "1A;1;2;3\n1B;west;2;3\n1C;1;2;3\n";
+  Put("Locations.dat", file);
+  EXPECT_EQ(FaultOfLoad(), "Type mismatch");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "1A;1;2;3\n");
+  EXPECT_EQ(Content("Locations.dat.bak"), file);
+  const std::vector<std::string> faults = TakeFaults();
+  ASSERT_EQ(faults.size(), 1U);
+  EXPECT_NE(faults[0].find("1B;west;2;3, 1C;1;2;3"), std::string::npos) << faults[0];
+}
+
+TEST_F(Locations, AHeightBeyondSixteenBitsIsAnOverflow) {
+  Put("Locations.dat", "1A;1;2;32768\n");
+  EXPECT_EQ(FaultOfLoad(), "Overflow");
+}
+
+TEST_F(Locations, AMissingHeightIsLookedForAtTheBeginningOfTheLine) {
+  Put("Locations.dat", "1A;1;2\n");
+  EXPECT_EQ(FaultOfLoad(), "Type mismatch") << "word 4 of three is word 1";
+}
+
+TEST_F(Locations, AHundredFitIn) {
+  Put("Locations.dat", Numbered(100));
+  LoadLocations(tables);
+  EXPECT_EQ(Row(100).Name, "P100");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), Numbered(100));
+  EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
+}
+
+TEST_F(Locations, PastRowAHundredTheLoadBreaksOff) {
+  Put("Locations.dat", Numbered(101));
+  EXPECT_EQ(FaultOfLoad(), "Subscript out of range");
+  EXPECT_EQ(Row(100).Name, "P100");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), Numbered(100));
+  EXPECT_EQ(Content("Locations.dat.bak"), Numbered(101));
+  EXPECT_EQ(TakeFaults(),
+            std::vector<std::string>{"Left out of Locations.dat, kept in Locations.dat.bak: 0P101;1.5;51.25;30 - "
+                                     "Global SaveLocations"});
+}
+
+TEST_F(Locations, RowAHundredIsNotCleared) {
+  Put("Locations.dat", Numbered(100));
+  LoadLocations(tables);
+  Put("Locations.dat", Numbered(1));
+  LoadLocations(tables);
+  EXPECT_EQ(Row(2).Name, "");
+  EXPECT_EQ(Row(99).Name, "");
+  EXPECT_EQ(Row(100).Name, "P100");
+}
+
+TEST_F(Locations, AMissingFileIsAFault) {
+  EXPECT_EQ(FaultOfLoad(), "File not found");
+}
+
+TEST_F(Locations, AFirstSaveMakesTheFile) {
+  tables.LocationList[1] = {"Home", "51.25", "1.5", 30, "1"};
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "1Home;1.5;51.25;30\n");
+}
+
+TEST_F(Locations, ALatin1FileIsWrittenBackAsLatin1) {
+  Put("Locations.dat", "1K\xf6ln;353.05;50.94;50\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Name, "K\u00f6ln");
+  SaveLocations(tables);
+  EXPECT_EQ(Content("Locations.dat"), "1K\xf6ln;353.05;50.94;50\n");
+}
+
+TEST_F(Locations, ABrokenDeviceLeavesTheOldFileWhole) {
+  const std::string file = "1A;1;2;3\n0B;1;2;3\n";
+  Put("Locations.dat", file);
+  LoadLocations(tables);
+  tables.LocationList[2].Name = "Changed";
+  for (std::size_t bytes = 0; bytes <= file.size() + 10; ++bytes) {
+    Put("Locations.dat", file);
+    files.BreakWriteAfter(bytes);
+    bool whole = true;
+    try {
+      SaveLocations(tables);
+    } catch (const platform::Fault&) {
+      whole = false;
+    }
+    files.Mend();
+    EXPECT_EQ(Content("Locations.dat"), whole ? "1A;1;2;3\n0Changed;1;2;3\n" : file) << bytes;
+  }
+}
+
+}  // namespace
+}  // namespace kestrava::store
