@@ -4,6 +4,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "orbit/Tables.h"
@@ -30,12 +31,27 @@ Sky TheSky();
 /// @param extended  asks for sunlight, visibility, next rise and next set; only the selected satellite gets them
 void Satcalc(const Sky& sky, std::string_view name, const platform::DateParts& local, bool extended);
 
+/// Whether a satellite counts as sunlit, by the Sun's elevation at the point below it: at exactly -18 it is eclipsed.
+/// This one fixed depression is the whole test, the Earth's shadow has no part in it.
+bool IsSunlit(double sunElevationDeg);
+
+/// Whether a satellite can be seen by eye: neither full night nor daylight (both ends count), itself lit, and above the
+/// horizon.
+/// @param sunElevationDeg  at the observer
+bool IsVisibleByEye(double sunElevationDeg, bool sunlit, double satelliteElevationDeg);
+
+/// Orbit phase, revolutions [0, 1), on the scale of 0 to 255, held to two decimals.
+double PhaseOn255(double fraction);
+/// The same in degrees, as "0.00".
+std::string PhaseInDegrees(double fraction);
+
 /// Next rise or set from now, local time. No rise (-1.0) is not treated here: it turns into a meaningless local time.
 platform::SerialDate NextAOS(const Sky& sky, std::string_view name);
 platform::SerialDate NextLOS(const Sky& sky, std::string_view name);
 
 /// The first sampled minute past sunrise (searched from today's midnight) or sunset (from noon), plus one minute,
-/// local. Without a limit: where the Sun does not rise or set the search goes on into the following days until it does.
+/// local. Where the Sun does not rise or set the search goes on into the following days until it does; minutes that its
+/// greatest rate rules out are passed over.
 platform::SerialDate TodaySunrise(const Sky& sky);
 platform::SerialDate TodaySunset(const Sky& sky);
 

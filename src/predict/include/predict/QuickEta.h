@@ -9,15 +9,21 @@
 
 namespace kestrava::predict {
 
-/// Fills the list anew. While one run is under way a second call returns at once.
+/// Fills the list anew: a heading row, then names of exactly 14 characters (padded with blanks), rise and set. While
+/// one run is under way a second call returns at once.
 /// @param speak  announce rises that come soon, in the rhythm of the settings SpeechStart and SpeechEvery
 void UpdateQuickETA(const orbit::Sky& sky, platform::ListControl& list, bool speak);
 
 /// True from the start to the end of a run.
 bool QuickEtaBusy();
 
-/// Clears the busy flag: for the close of a window in the middle of a run.
+/// Ends the run under way: after the yield in which it stands it touches nothing any more, neither the list, nor the
+/// tables, nor the engine, all of which may be gone by then. A new run may start at once. For the end of the run of the
+/// program, and before an engine is released.
 void ForgetQuickEta();
+
+/// The same, only if the run under way fills this list: for the close of the window that owns it.
+void ForgetQuickEta(const platform::ListControl& list);
 
 /// "Less than a minute", "1 minute", "n minutes"; empty below 0.
 std::string EtaText(long minutes);
