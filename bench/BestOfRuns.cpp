@@ -6,11 +6,10 @@
 namespace kestrava::bench {
 
 void BestOfRuns::ReportRuns(const std::vector<Run>& runs) {
-  ConsoleReporter::ReportRuns(runs);
   for (const Run& run : runs) {
     if (run.run_type != Run::RT_Iteration || run.error_occurred || run.iterations == 0) continue;
     const std::string& name = run.run_name.function_name;
-    const double timeS = run.real_accumulated_time / static_cast<double>(run.iterations);
+    const double timeS = run.cpu_accumulated_time / static_cast<double>(run.iterations);
     const auto [known, isNew] = bestTimeS_.emplace(name, timeS);
     if (!isNew) known->second = std::min(known->second, timeS);
     if (const auto rate = run.counters.find("items_per_second"); rate != run.counters.end()) {

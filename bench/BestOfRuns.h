@@ -1,7 +1,7 @@
 #pragma once
 
-// Prints, after Google Benchmark's own table, the best of the repetitions of each figure, what is asked of it, and the
-// ratio to the yardstick of the same run. The ratios are what counts: a figure is for a quiet machine.
+// Prints the best of the repetitions of each figure (processor time), what is asked of it, and the ratio to the
+// yardstick of the same run. The ratios are what counts: a figure is for a quiet machine.
 
 #include <map>
 #include <string>
