@@ -272,7 +272,7 @@ void MapPainter::PaintSatellite(int index) {
 
 void MapPainter::PaintStatusLine() {
   Surface& final = surfaces_.Final;
-  MoveTextTo(0, host_.Place().innerHeightPx - kStatusLineRisePx);
+  MoveTextTo(0, host_.PlaceToStore().innerHeightPx - kStatusLineRisePx);
   const RegionalMode* mode = FindRegionalMode(map_.MapMode);
   final.SetPen(mode && mode->northShiftDeg == 0 ? platform::kWhite : platform::kBlack);
   final.SetFont("Arial", 8, true);
@@ -283,7 +283,7 @@ void MapPainter::PaintStatusLine() {
 }
 
 void MapPainter::StorePlace() {
-  const MapWindowPlace place = host_.Place();
+  const MapWindowPlace place = host_.PlaceToStore();
   if (!place.storable) return;
   trap([&] { platform::WriteSetting("WinPosX", std::to_string(place.leftTwips)); });
   trap([&] { platform::WriteSetting("WinPosY", std::to_string(place.topTwips)); });

@@ -14,7 +14,7 @@
 namespace kestrava::views2d {
 
 struct ScriptedPaintHost : PaintHost {
-  MapWindowPlace Place() const override { return place; }
+  MapWindowPlace PlaceToStore() const override { return place; }
   bool IsOpen() const override { return open; }
 
   MapWindowPlace place{300, 450, 12195, 7920, true, 528};

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QTimer>
-#include <string>
 #include <utility>
 
 #include "platform/Messages.h"
@@ -55,18 +54,11 @@ class QtTimer : public Timer {
     const auto tick = tick_;  // outlives this timer if the tick ends it
     {
       const QtEventLoop::Busy busy;
-      RunUntrapped(name_, *tick, Untrapped::kTick);
+      RunUntrapped("A timer's work", *tick);
     }
     if (*alive) ticking_ = false;
   }
 
-  /// Told apart by a number: a fault is told once for each timer.
-  static std::string NextName() {
-    static int last = 0;
-    return "Timed work (" + std::to_string(++last) + ")";
-  }
-
-  std::string name_ = NextName();
   int intervalMs_;
   bool enabled_ = false;
   bool ticking_ = false;

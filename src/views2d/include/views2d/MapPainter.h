@@ -41,7 +41,7 @@ class PaintHost {
  public:
   virtual ~PaintHost() = default;
   /// Asked for the status line (the inner height), and at the end of a paint, after its last yield.
-  virtual MapWindowPlace Place() const = 0;
+  virtual MapWindowPlace PlaceToStore() const = 0;
   virtual bool IsOpen() const = 0;
 };
 

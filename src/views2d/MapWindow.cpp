@@ -1,0 +1,380 @@
+#include "views2d/MapWindow.h"
+
+#include <cmath>
+#include <cstdlib>
+
+#include "orbit/TimeHelpers.h"
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/Text.h"
+#include "predict/QuickEta.h"
+#include "station/Announcements.h"
+#include "station/Devices.h"
+#include "store/SatelliteData.h"
+#include "views2d/MapGeometry.h"
+#include "views2d/SatellitePlot.h"
+
+namespace kestrava::views2d {
+
+using platform::FaultTrap;
+using platform::ReadNumberSetting;
+using platform::ReadSetting;
+using platform::ReadSwitch;
+using platform::WriteSetting;
+
+namespace {
+
+constexpr int kFastTickAtDesignMs = 2000;
+constexpr int kFirstTickMs = 1000;
+constexpr int kSlowTickMs = 60000;
+constexpr int kClearedTrackRows = 1440;
+constexpr int kClearedFootprintRows = 360;
+
+constexpr const char* kNoInformation = "No Information available\r\n";
+
+const char* WorldMode() {
+  return ReadSwitch("Altworld", "0") ? "worldalt" : "worldnormal";
+}
+
+void SaveSwitch(std::string_view key, bool on) {
+  WriteSetting(key, on ? "1" : "0");
+}
+
+}  // namespace
+
+MapLayout LayOutMap(int innerWidthPx, int innerHeightPx, bool paneOpen) {
+  MapLayout layout;
+  layout.expandLeft = innerWidthPx - (paneOpen ? kPaneWidthPx : kExpandWidthPx);
+  layout.finalWidth = paneOpen ? std::abs(innerWidthPx - kPaneWidthPx) : innerWidthPx - kExpandWidthPx;
+  layout.finalHeight = innerHeightPx;
+  layout.contentLeft = layout.expandLeft + kExpandWidthPx;
+  layout.textHeight = std::abs(innerHeightPx - kTextTopPx);
+  return layout;
+}
+
+MapWindow::MapWindow(const orbit::Sky& sky, MapWindowView& view)
+    : sky_(sky),
+      view_(view),
+      captions_{"-Select a Satellite-"},
+      timer1_(platform::TheEventLoop().MakeTimer(kFastTickAtDesignMs, [this] { Timer1Tick(); })),
+      timer2_(platform::TheEventLoop().MakeTimer(kSlowTickMs, [this] { Timer2Tick(); })) {
+  state_.RemoteStat[0] = "Please Wait.....";
+}
+
+MapWindow::~MapWindow() = default;
+
+void MapWindow::Load() {
+  const FaultTrap trap{"map - Form_load"};
+  trap([&] { view_.ApplySkin(); });
+  trap([&] { state_.InfoPaneShown = ReadSwitch("ShowInfoPane", "1"); });
+  trap([&] {
+    const std::string clocks = ReadSetting("LEDclocks", "1");
+    if (clocks == "0") view_.Clock().SetClockVisible(false);
+    if (clocks == "1") view_.Clock().ShowUniversalTime(false);
+    if (clocks == "2") view_.Clock().ShowUniversalTime(true);
+  });
+  view_.SetMarked(MapMark::kSpeech, true);
+  trap([&] {
+    if (ReadSetting("Speechpack", "0") != "0") return;
+    view_.SetMarked(MapMark::kSpeech, false);
+    view_.SetMarkEnabled(MapMark::kSpeech, false);
+  });
+  // One check mark stands for both recordings until either entry is clicked.
+  trap([&] {
+    const bool weather = ReadSwitch("RecWxsat", "0");
+    const bool primary = ReadSwitch("RecPrimary", "0");
+    view_.SetMarked(MapMark::kRecordWeather, weather || primary);
+  });
+  trap([&] { view_.SetMarked(MapMark::kAutoSelect, ReadSwitch("AutoSelect", "0")); });
+  trap([&] { LoadPicture(); });
+  trap([&] { LoadPlace(); });
+  sky_.tables.SelSat = 1;
+  sky_.tables.SelSatName = sky_.tables.FaveList[1].Name;
+  trap([&] {
+    if (state_.InfoPaneShown) FillDataText();
+  });
+  timer1_->SetEnabled(true);
+  timer2_->SetEnabled(true);
+}
+
+void MapWindow::LoadPicture() {
+  const std::string file = ReadSetting("MapFile", "Default") + ".jpg";
+  if (platform::FileExists(platform::InAppDir(file))) view_.LoadWorldPicture(platform::InAppDir(file).string());
+}
+
+void MapWindow::LoadPlace() {
+  const auto twips = [](std::string_view key, std::string_view usual) {
+    return static_cast<int>(platform::ToInt32(ReadNumberSetting(key, usual)));
+  };
+  const int left = twips("WinPosX", "200");
+  const int top = twips("WinPosY", "200");
+  const int width = twips("WinPosW", "12195");
+  const int height = twips("WinPosH", "7920");
+  view_.ApplyPlace(left, top, width, height);
+}
+
+void MapWindow::Activate() {
+  const FaultTrap trap{"map - Form_activate"};
+  trap([&] {
+    if (ReadSwitch("ShowGroundtrack", "1")) CalcGroundTrack(sky_, state_);
+  });
+  trap([&] { CalcSunMoon(sky_, state_, view_); });
+  if (HighestFavouriteEntry() != sky_.tables.FaveCount) FillFavouriteMenu();
+  if (view_.IsShown()) {
+    timer1_->SetIntervalMs(kFirstTickMs);  // the first paint comes a second after activation
+    timer1_->SetEnabled(true);
+  }
+}
+
+void MapWindow::FillFavouriteMenu() {
+  const FaultTrap trap{"map - Form_activate"};
+  for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
+    trap([&] {  // an entry that exists already is logged and passed over; its caption is set all the same
+      view_.CreateFavouriteEntry(i);
+      captions_.emplace_back();
+    });
+    trap([&] {
+      platform::At(captions_, i) = platform::At(sky_.tables.FaveList, i).Name;
+      view_.SetFavouriteCaption(i, captions_[static_cast<std::size_t>(i)]);
+    });
+  }
+}
+
+void MapWindow::Resize() {
+  const FaultTrap trap{"map  - Form_resize"};
+  if (view_.IsMinimised()) return;
+  trap([&] { RedrawinfoPane(); });
+}
+
+void MapWindow::RedrawinfoPane() {
+  view_.ApplyLayout(LayOutMap(view_.InnerWidthPx(), view_.InnerHeightPx(), state_.InfoPaneShown));
+  if (state_.InfoPaneShown) FillDataText();
+}
+
+void MapWindow::ExpandClicked() {
+  state_.InfoPaneShown = !state_.InfoPaneShown;
+  RedrawinfoPane();
+  view_.RepaintMap();
+}
+
+void MapWindow::Timer1Tick() {
+  const FaultTrap trap{"map - Timer1"};
+  if (!open_) return;
+  trap([&] { Gsatroutine(sky_, state_, view_); });
+  if (!open_) return;  // closed while the loop yielded
+  trap([&] { view_.RepaintMap(); });
+  if (!open_) return;
+  trap([&] { ShowClockBySetting(); });
+  trap([&] {
+    station::TrackingWindow& tracker = station::TheTrackingWindow();
+    if (!tracker.IsVisible()) return;
+    tracker.SetTag(sky_.tables.SelSatName);
+    tracker.UpdateCombos();
+  });
+  trap([&] {
+    if (view_.QuickEtaVisible() && view_.QuickEtaList().RowCount() == 0)
+      predict::UpdateQuickETA(sky_, view_.QuickEtaList(), view_.IsMarked(MapMark::kSpeech));
+  });
+  if (!open_) return;
+  trap([&] { timer1_->SetIntervalMs(platform::ToInt32(ReadNumberSetting("MapUpdate", "2") * 1000)); });
+  RecalculateInWarp();
+}
+
+void MapWindow::ShowClockBySetting() {
+  const std::string clocks = ReadSetting("LEDclocks", "1");
+  if (clocks >= "1" && !view_.Clock().IsClockVisible()) view_.Clock().SetClockVisible(true);
+  if (clocks == "2") view_.Clock().ShowUniversalTime(true);
+}
+
+// In warp the track and the Sun and Moon follow on this fast schedule; the test is on the system clock's second, not on
+// the warp clock's, and slow ticks miss some multiples.
+void MapWindow::RecalculateInWarp() {
+  const FaultTrap trap{"map - Timer1"};
+  if (state_.warp.WarpSpeed <= 0) return;
+  const int second = platform::SecondOf(orbit::NowLocal());
+  trap([&] {
+    if (second % 3 == 0) CalcGroundTrack(sky_, state_);
+  });
+  trap([&] {
+    if (second % 5 == 0) CalcSunMoon(sky_, state_, view_);
+  });
+}
+
+void MapWindow::Timer2Tick() {
+  const FaultTrap trap{"mapview - Timer2"};
+  if (!open_) return;
+  // Unlike the fast tick this one speaks by whether the entry can be used at all, not by its check mark.
+  trap([&] { predict::UpdateQuickETA(sky_, view_.QuickEtaList(), view_.IsMarkEnabled(MapMark::kSpeech)); });
+  if (!open_) return;
+  trap([&] {
+    if (state_.SlowTick == 2 && ReadSetting("ShowGroundtrack", "1") == "1") CalcGroundTrack(sky_, state_);
+  });
+  trap([&] {
+    if (state_.SlowTick == 6) CalcSunMoon(sky_, state_, view_);
+  });
+  state_.SlowTick = static_cast<std::int16_t>(state_.SlowTick + 1);
+  if (state_.SlowTick == 7) state_.SlowTick = 0;
+}
+
+void MapWindow::TimeButtonClicked(int index) {
+  view_.LightButton(MapButtons::kTime, index, kLitButton);
+  view_.LightButton(MapButtons::kTime, 1 - index, kDarkButton);
+  if (index == 1) {
+    StartWarp();
+  } else {
+    StopWarp();
+  }
+}
+
+void MapWindow::StartWarp() {
+  const platform::SerialDate now = orbit::NowLocal();
+  const platform::DateParts parts = platform::SplitSerial(now);
+  WarpClock& warp = state_.warp;
+  warp.WarpSpeed = platform::ToInt16(view_.WarpSliderValue());
+  warp.WarpYear = platform::ToInt16(parts.year);
+  warp.WarpMonth = platform::ToInt16(parts.month);
+  warp.WarpDay = platform::ToInt16(parts.day);
+  warp.WarpHour = platform::ToInt16(parts.hour);
+  warp.WarpMinute = platform::ToInt16(parts.minute);
+  warp.WarpSecond = platform::ToInt16(parts.second);
+  timer1_->SetIntervalMs(kFirstTickMs);
+  view_.Clock().SetValue(now);
+  view_.Clock().ShowGivenTime(true);
+}
+
+void MapWindow::StopWarp() {
+  state_.warp.WarpSpeed = 0;
+  CalcGroundTrack(sky_, state_);
+  CalcSunMoon(sky_, state_, view_);
+  view_.Clock().ShowGivenTime(false);
+  view_.Clock().ShowUniversalTime(false);  // the next tick sets it on again if the setting says so
+}
+
+void MapWindow::WarpSliderChanged(int value) {
+  if (state_.warp.WarpSpeed != 0) state_.warp.WarpSpeed = platform::ToInt16(value);
+}
+
+void MapWindow::InfoModeClicked(int index) {
+  view_.LightButton(MapButtons::kInfoMode, index, kLitButton);
+  view_.LightButton(MapButtons::kInfoMode, 1 - index, kDarkButton);
+  view_.ShowQuickEta(index == 1);
+}
+
+void MapWindow::FavouriteClicked(int index) {
+  const FaultTrap trap{"map - menu favelist_Click"};
+  if (index == 0) return;  // the heading
+  trap([&] { sky_.tables.SelSat = platform::ToInt16(index); });
+  trap([&] { sky_.tables.SelSatName = platform::At(captions_, index); });  // no such entry: the old name stays
+  trap([&] {
+    station::TrackingWindow& tracker = station::TheTrackingWindow();
+    if (!tracker.IsVisible()) return;
+    tracker.SelectSatellite(sky_.tables.SelSatName);
+    tracker.UpdateCombos();
+  });
+  trap([&] {
+    if (ReadSetting("ShowGroundtrack", "1") == "1") CalcGroundTrack(sky_, state_);
+  });
+  trap([&] {
+    if (state_.InfoPaneShown) FillDataText();
+  });
+}
+
+void MapWindow::NextSatellite() {
+  const int next = sky_.tables.SelSat + 1;
+  FavouriteClicked(next > sky_.tables.FaveCount ? 1 : next);
+}
+
+void MapWindow::PreviousSatellite() {
+  const int previous = sky_.tables.SelSat - 1;
+  FavouriteClicked(previous < 1 ? sky_.tables.FaveCount : previous);
+}
+
+void MapWindow::FinalMousedown(bool rightButton, double x, double y) {
+  if (rightButton) {
+    view_.PopUpSatelliteMenu();
+    return;
+  }
+  double best = 32700;
+  int pick = 0;
+  for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
+    const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, i);
+    const double distance = std::abs(x - LonToX(row.Lon, view_.FinalWidthPx(), state_.MapMode)) +
+                            std::abs(y - LatToY(row.Lat, view_.FinalHeightPx(), state_.MapMode));
+    if (distance >= best) continue;
+    pick = i;
+    best = platform::RoundHalfEven(distance);
+  }
+  sky_.tables.SelSat = platform::ToInt16(pick);
+  FavouriteClicked(pick);
+}
+
+void MapWindow::QuickEtaItemClicked(std::string_view satellite) {
+  const std::string_view wanted = platform::Trim(satellite);
+  for (int i = 0; i <= HighestFavouriteEntry(); ++i) {
+    if (captions_[static_cast<std::size_t>(i)] != wanted) continue;
+    FavouriteClicked(i);
+    return;
+  }
+}
+
+void MapWindow::ChangeToWorld() {
+  state_.MapMode = WorldMode();
+}
+
+void MapWindow::ChangeToRegion(std::string_view mapMode) {
+  state_.MapMode = mapMode;
+}
+
+void MapWindow::ToggleAutoSelect() {
+  view_.SetMarked(MapMark::kAutoSelect, !view_.IsMarked(MapMark::kAutoSelect));
+  SaveSwitch("AutoSelect", view_.IsMarked(MapMark::kAutoSelect));
+}
+
+void MapWindow::ToggleRecordWeather() {
+  view_.SetMarked(MapMark::kRecordWeather, !view_.IsMarked(MapMark::kRecordWeather));
+  SaveSwitch("RecWxsat", view_.IsMarked(MapMark::kRecordWeather));
+}
+
+void MapWindow::ToggleRecordPrimary() {
+  view_.SetMarked(MapMark::kRecordPrimary, !view_.IsMarked(MapMark::kRecordPrimary));
+  SaveSwitch("RecPrimary", view_.IsMarked(MapMark::kRecordPrimary));
+}
+
+// Written and never read: what is said at start-up and later follows Speechpack alone.
+void MapWindow::ToggleSpeech() {
+  view_.SetMarked(MapMark::kSpeech, !view_.IsMarked(MapMark::kSpeech));
+  const bool on = view_.IsMarked(MapMark::kSpeech);
+  sky_.tables.SpeechOn = on ? -1 : 0;
+  SaveSwitch("Speech", on);
+}
+
+void MapWindow::MakeAnnouncement() {
+  station::AnnouncePositions(sky_.tables, false);
+}
+
+void MapWindow::ShowControlPanel() {
+  platform::TheWindows().Show("frmCON2D");
+}
+
+// A missing satellite.dat is said in a message each time; while one stands, resizing must not pile up more of them.
+void MapWindow::FillDataText() {
+  if (fillingData_) return;
+  fillingData_ = true;
+  const std::string text = store::SatelliteDataFunc(sky_.tables.SelSatName);
+  fillingData_ = false;
+  view_.SetDataText(text.empty() ? std::string(kNoInformation) : text);
+}
+
+void MapWindow::Unload() {
+  const FaultTrap trap{"map - Form_Unload"};
+  if (!open_) return;
+  open_ = false;
+  timer1_->SetEnabled(false);
+  timer2_->SetEnabled(false);
+  predict::ForgetQuickEta(view_.QuickEtaList());
+  trap([&] { platform::YieldOnce(); });
+  for (int i = 0; i <= kClearedTrackRows; ++i) sky_.tables.GroundTrack[static_cast<std::size_t>(i)].lat = 0;
+  for (int i = 0; i <= kClearedFootprintRows; ++i) sky_.tables.FootPrint[static_cast<std::size_t>(i)].lat = 0;
+}
+
+}  // namespace kestrava::views2d

@@ -1,0 +1,121 @@
+#include "InfoPane.h"
+
+#include "platform/qt/Fonts.h"
+#include "views2d/MapWindow.h"
+
+namespace kestrava::views2d::ui {
+
+using platform::qt::SkinButton;
+
+namespace {
+
+constexpr int kContentWidth = kPaneWidthPx - kExpandWidthPx;
+constexpr int kMargin = 4;
+constexpr int kLineHeight = 12;
+constexpr int kHeadingHeight = 13;
+constexpr int kButtonHeight = 19;
+constexpr int kSliderHeight = 17;
+
+/// The pane's small face: narrow, so that the longest line fits.
+QFont PaneFont(bool bold = false) {
+  return platform::qt::FontByName("Small fonts", 8, bold);
+}
+
+}  // namespace
+
+InfoPane::InfoPane(QWidget* parent) : QWidget(parent) {
+  setObjectName("InfoPane");
+  setFixedWidth(kContentWidth);
+  BuildTimeControls();
+  BuildInfoLines();
+  BuildDataArea();
+}
+
+void InfoPane::BuildTimeControls() {
+  AddHeading(0, "Time Tracking Mode");
+  AddPair(time_, "BUTtime", "Realtime", "TimeWarp");
+  sliderWarp_ = new QSlider(Qt::Horizontal, this);
+  sliderWarp_->setObjectName("SliderWarp");
+  sliderWarp_->setAccessibleName(tr("Warp speed, seconds per tick"));
+  sliderWarp_->setToolTip(tr("Warp speed: seconds added at each tick"));
+  sliderWarp_->setRange(1, 60);
+  sliderWarp_->setSingleStep(1);
+  sliderWarp_->setPageStep(5);
+  sliderWarp_->setValue(2);
+  sliderWarp_->setGeometry(kMargin, nextTop_, kContentWidth - 2 * kMargin, kSliderHeight);
+  nextTop_ += kSliderHeight;
+}
+
+// The order of reading: the satellite, then the Moon, then the Sun. The fourth heading repeats the third in its place.
+void InfoPane::BuildInfoLines() {
+  for (const int index : {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 17, 10}) AddLine(index);
+  AddHeading(1, "Moon's Information");
+  for (const int index : {13, 14, 15, 16}) AddLine(index);
+  QLabel* sun = AddHeading(2, "Sun's Information");
+  AddHeading(3, "Sun's Information")->setGeometry(sun->geometry());
+  nextTop_ -= kHeadingHeight;
+  for (const int index : {11, 12}) AddLine(index);
+}
+
+void InfoPane::BuildDataArea() {
+  nextTop_ += 2;
+  AddPair(infoMode_, "BUTimode", "Info Mode", "ETA mode");
+  dataText_ = new QPlainTextEdit(this);
+  dataText_->setObjectName("IPtext");
+  dataText_->setAccessibleName(tr("Satellite data"));
+  dataText_->setReadOnly(true);
+  dataText_->setTabChangesFocus(true);
+  dataText_->setFont(PaneFont());
+  dataText_->setPlainText("No Information available\r\n");
+  quickEta_ = new platform::qt::ListWidget({"dot", "Satellite", "AOS", "LOS"}, this);
+  quickEta_->setObjectName("lstQuickETA");
+  quickEta_->setAccessibleName(tr("Next satellites in range"));
+  quickEta_->hide();
+  for (const char* name : {"AZ", "EL"}) {
+    auto* idle = new QLabel(this);
+    idle->setObjectName(name);
+    idle->hide();
+  }
+}
+
+QLabel* InfoPane::AddHeading(int index, const char* text) {
+  auto* heading = new QLabel(text, this);
+  heading->setObjectName(platform::qt::ArrayName("InfoPaneLabels", index));
+  heading->setProperty("heading", true);
+  heading->setFont(PaneFont(true));
+  heading->setGeometry(kMargin, nextTop_, kContentWidth - 2 * kMargin, kHeadingHeight);
+  nextTop_ += kHeadingHeight;
+  return heading;
+}
+
+void InfoPane::AddLine(int index) {
+  auto* line = new QLabel(this);
+  line->setObjectName(platform::qt::ArrayName("RemoteStat", index));
+  line->setTextFormat(Qt::PlainText);
+  line->setFont(PaneFont());
+  line->setGeometry(kMargin, nextTop_, kContentWidth - kMargin, kLineHeight);
+  nextTop_ += kLineHeight;
+  remoteStat_[static_cast<std::size_t>(index)] = line;
+}
+
+void InfoPane::AddPair(std::array<SkinButton*, 2>& pair, const char* name, const char* left, const char* right) {
+  constexpr int kWidth = (kContentWidth - 2 * kMargin) / 2;
+  for (int i = 0; i < 2; ++i) {
+    auto* button = new SkinButton(i == 0 ? left : right, this);
+    button->setObjectName(platform::qt::ArrayName(name, i));
+    button->setAccessibleName(i == 0 ? left : right);
+    button->SetBackColour(i == 0 ? kLitButton : kDarkButton);
+    button->setFont(PaneFont());
+    button->setGeometry(kMargin + i * kWidth, nextTop_, kWidth, kButtonHeight);
+    pair[static_cast<std::size_t>(i)] = button;
+  }
+  nextTop_ += kButtonHeight;
+}
+
+void InfoPane::SetTextHeight(int px) {
+  const QRect area(kMargin, nextTop_ + 2, kContentWidth - 2 * kMargin, px);
+  dataText_->setGeometry(area);
+  quickEta_->setGeometry(area);
+}
+
+}  // namespace kestrava::views2d::ui

@@ -1,0 +1,113 @@
+#include "MapMenus.h"
+
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/qt/Widgets.h"
+
+namespace kestrava::views2d::ui {
+
+namespace {
+
+constexpr int kNoMark = -1;
+constexpr int Mark(MapMark mark) {
+  return static_cast<int>(mark);
+}
+constexpr MapMenuRow kSeparator{nullptr, nullptr, nullptr, nullptr, nullptr, kNoMark, nullptr};
+
+constexpr MapMenuRow kOptions[] = {
+    {"MrecordONoffP", "Record Primary Satellite", "Ctrl+Shift+P", &MapWindow::ToggleRecordPrimary, nullptr,
+     Mark(MapMark::kRecordPrimary), nullptr},
+    {"MrecordONoff", "Record Weather Satellite Passes", "Ctrl+Shift+W", &MapWindow::ToggleRecordWeather, nullptr,
+     Mark(MapMark::kRecordWeather), nullptr},
+    {"MspeechONoff", "Speech", "Ctrl+Shift+S", &MapWindow::ToggleSpeech, nullptr, Mark(MapMark::kSpeech), nullptr},
+    {"mnuAutoSelect", "Auto Select Satellite in range", "Ctrl+Shift+A", &MapWindow::ToggleAutoSelect, nullptr,
+     Mark(MapMark::kAutoSelect), nullptr},
+};
+
+constexpr MapMenuRow kControls[] = {
+    {"Mnextsat", "Next Satellite", "Ctrl+Right", &MapWindow::NextSatellite, nullptr, kNoMark, nullptr},
+    {"Mprevsat", "Previous Satellite", "Ctrl+Left", &MapWindow::PreviousSatellite, nullptr, kNoMark, nullptr},
+    kSeparator,
+    {"Mworld", "Change to World View", "Ctrl+0", &MapWindow::ChangeToWorld, nullptr, kNoMark, nullptr},
+    {"Mnwq", "Change to North West Region", "Ctrl+1", nullptr, "NWQ", kNoMark, nullptr},
+    {"Mncq", "Change to North Central Region", "Ctrl+2", nullptr, "NCQ", kNoMark, nullptr},
+    {"Mneq", "Change to North East Region", "Ctrl+3", nullptr, "NEQ", kNoMark, nullptr},
+    {"Mswq", "Change to South West Region", "Ctrl+4", nullptr, "SWQ", kNoMark, nullptr},
+    {"Mscq", "Change to South Central Region", "Ctrl+5", nullptr, "SCQ", kNoMark, nullptr},
+    {"Mseq", "Change to South East Region", "Ctrl+6", nullptr, "SEQ", kNoMark, nullptr},
+    kSeparator,
+    {"Mmakeannouncement", "Speech Announcement", "Ctrl+Shift+N", &MapWindow::MakeAnnouncement, nullptr, kNoMark,
+     nullptr},
+    kSeparator,
+    {"mnu2Dcontrols", "2D View Control Panel", "Ctrl+Shift+C", &MapWindow::ShowControlPanel, nullptr, kNoMark,
+     "frmCON2D"},
+};
+
+QString EntryName(int index) {
+  return platform::qt::ArrayName("MFaveList", index);
+}
+
+}  // namespace
+
+std::span<const MapMenuRow> OptionRows() {
+  return kOptions;
+}
+std::span<const MapMenuRow> ControlRows() {
+  return kControls;
+}
+
+MapMenus::MapMenus(QMenuBar& bar, MapWindow& window) : window_(window), satellites_(bar.addMenu("&Satellite")) {
+  satellites_->setObjectName("M1");
+  QAction* heading = satellites_->addAction("-Select a Satellite-");
+  heading->setObjectName(EntryName(0));
+  favourites_.push_back(heading);
+  QObject::connect(heading, &QAction::triggered, heading, [this] { window_.FavouriteClicked(0); });
+  QMenu* options = bar.addMenu("&Options");
+  options->setObjectName("M2");
+  AddRows(*options, kOptions);
+  QMenu* controls = bar.addMenu("&Controls");
+  controls->setObjectName("M3");
+  AddRows(*controls, kControls);
+}
+
+void MapMenus::AddRows(QMenu& menu, std::span<const MapMenuRow> rows) {
+  for (const MapMenuRow& row : rows) {
+    if (row.objectName) {
+      AddEntry(menu, row);
+    } else {
+      menu.addSeparator();
+    }
+  }
+}
+
+void MapMenus::AddEntry(QMenu& menu, const MapMenuRow& row) {
+  QAction* action = menu.addAction(row.text);
+  action->setObjectName(row.objectName);
+  action->setShortcut(QKeySequence(row.key));
+  if (row.needsWindow) action->setEnabled(platform::TheWindows().Knows(row.needsWindow));
+  if (row.mark != kNoMark) {
+    action->setCheckable(true);
+    marked_[static_cast<std::size_t>(row.mark)] = action;
+    // The behaviour flips the mark itself; the toolkit has flipped it already when it tells of the click.
+    QObject::connect(action, &QAction::triggered, action, [action](bool on) { action->setChecked(!on); });
+  }
+  QObject::connect(action, &QAction::triggered, action, [this, row] {
+    platform::RunUntrapped(row.text,
+                           [&] { row.action ? (window_.*row.action)() : window_.ChangeToRegion(row.region); });
+  });
+}
+
+void MapMenus::CreateFavouriteEntry(int index) {
+  if (index < static_cast<int>(favourites_.size())) throw platform::Fault::ControlAlreadyLoaded();
+  QAction* action = satellites_->addAction(QString());
+  action->setObjectName(EntryName(index));
+  QObject::connect(action, &QAction::triggered, action, [this, index] { window_.FavouriteClicked(index); });
+  favourites_.push_back(action);
+}
+
+void MapMenus::SetFavouriteCaption(int index, const std::string& caption) {
+  QString text = platform::qt::ToQt(caption);
+  platform::At(favourites_, index)->setText(text.replace("&", "&&"));
+}
+
+}  // namespace kestrava::views2d::ui

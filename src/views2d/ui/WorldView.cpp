@@ -1,0 +1,164 @@
+#include "WorldView.h"
+
+#include <QCursor>
+#include <QResizeEvent>
+#include <QVBoxLayout>
+
+#include "platform/Messages.h"
+#include "views2d/ui/WorldView.h"
+
+namespace kestrava::views2d::ui {
+
+namespace {
+constexpr int kClockMarginPx = 8;
+}
+
+WorldView::WorldView(const orbit::Sky& sky) : StationWindow(kWorldViewName), sky_(sky) {
+  setWindowTitle("Kestrava - Map View");
+  BuildUi();
+  ConnectSignals();
+  behaviour_->Load();
+}
+
+WorldView::~WorldView() = default;
+
+void WorldView::BuildUi() {
+  behaviour_ = std::make_unique<MapWindow>(sky_, *this);
+  pictures_ = std::make_unique<MapPictures>();
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  auto* bar = new QMenuBar(this);
+  menus_ = std::make_unique<MapMenus>(*bar, *behaviour_);
+  column->addWidget(bar);
+  body_ = new QWidget(this);
+  body_->setObjectName("body");
+  column->addWidget(body_, 1);
+  canvas_ = platform::qt::Named(new platform::qt::SurfaceWidget(body_), "Final", tr("Map"));
+  canvas_->Back().SetLineWidth(2);
+  painter_ =
+      std::make_unique<MapPainter>(sky_.tables, behaviour_->State(), pictures_->Surfaces(canvas_->Back()), *this);
+  expand_ = platform::qt::Named(new platform::qt::SkinButton(QString(), body_), "BUTexpand",
+                                tr("Open or close the info pane"));
+  pane_ = new InfoPane(body_);
+  ledClock_ = platform::qt::Named(new platform::qt::LedClockWidget(body_), "LEDclock", tr("Clock"));
+  RemoteStatChanged(0);
+}
+
+void WorldView::ConnectSignals() {
+  body_->installEventFilter(this);
+  connect(canvas_, &platform::qt::SurfaceWidget::Pressed, this, [this](QPointF at, Qt::MouseButton button) {
+    platform::RunUntrapped("selecting a satellite",
+                           [&] { behaviour_->FinalMousedown(button == Qt::RightButton, at.x(), at.y()); });
+  });
+  connect(&pane_->SliderWarp(), &QSlider::valueChanged, this,
+          [this](int value) { behaviour_->WarpSliderChanged(value); });
+  connect(&pane_->QuickEta(), &QTreeWidget::itemClicked, this,
+          [this](QTreeWidgetItem* row) { behaviour_->QuickEtaItemClicked(platform::qt::FromQt(row->text(1))); });
+  ConnectButtons();
+}
+
+void WorldView::ConnectButtons() {
+  connect(expand_, &QAbstractButton::clicked, this,
+          [this] { platform::RunUntrapped("the info pane", [&] { behaviour_->ExpandClicked(); }); });
+  for (const int i : {0, 1}) {
+    connect(&pane_->TimeButton(i), &QAbstractButton::clicked, this,
+            [this, i] { platform::RunUntrapped("the time mode", [&] { behaviour_->TimeButtonClicked(i); }); });
+    connect(&pane_->InfoModeButton(i), &QAbstractButton::clicked, this,
+            [this, i] { platform::RunUntrapped("the info mode", [&] { behaviour_->InfoModeClicked(i); }); });
+  }
+}
+
+bool WorldView::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == body_ && event->type() == QEvent::Resize) behaviour_->Resize();
+  return StationWindow::eventFilter(watched, event);
+}
+
+void WorldView::SetTag(std::string_view mapMode) {
+  behaviour_->State().MapMode = mapMode;
+}
+
+void WorldView::OnActivated() {
+  behaviour_->Activate();
+}
+
+void WorldView::OnUnload() {
+  behaviour_->Unload();
+  StationWindow::OnUnload();
+}
+
+void WorldView::RemoteStatChanged(int index) {
+  const QString text = platform::qt::ToQt(behaviour_->State().RemoteStat[static_cast<std::size_t>(index)]);
+  pane_->RemoteStat(index).setText(text);
+  pane_->RemoteStat(index).setToolTip(text);
+}
+
+void WorldView::ShowWarpTime(platform::SerialDate time) {
+  ledClock_->SetValue(time);
+}
+
+MapWindowPlace WorldView::PlaceToStore() const {
+  const platform::qt::TwipsPlace place = Place();
+  return {place.left, place.top, place.width, place.height, isVisible() && !isMinimized(), body_->height()};
+}
+
+void WorldView::ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heightTwips) {
+  SetPlace({leftTwips, topTwips, widthTwips, heightTwips});
+}
+
+void WorldView::ApplyLayout(const MapLayout& layout) {
+  layout_ = layout;
+  canvas_->setGeometry(0, 0, layout.finalWidth, layout.finalHeight);
+  expand_->setGeometry(layout.expandLeft, 0, kExpandWidthPx, layout.finalHeight);
+  using Chevron = platform::qt::SkinButton::Chevron;
+  expand_->SetChevron(behaviour_->State().InfoPaneShown ? Chevron::kRight : Chevron::kLeft);
+  pane_->setGeometry(layout.contentLeft, 0, pane_->width(), layout.finalHeight);
+  pane_->SetTextHeight(layout.textHeight);
+  PlaceClock();
+}
+
+void WorldView::PlaceClock() {
+  const QSize size = ledClock_->sizeHint();
+  ledClock_->setGeometry(layout_.finalWidth - size.width() - kClockMarginPx, kClockMarginPx, size.width(),
+                         size.height());
+  ledClock_->raise();
+}
+
+void WorldView::LoadWorldPicture(const std::string& file) {
+  pictures_->LoadWorld(file);
+  canvas_->SetIdlePicture(pictures_->WorldNormal().Image());
+}
+
+// Painting goes into a back picture that is shown when it is whole, because the paint yields in the middle.
+// What asks for a paint during one of its yields gets a whole paint of its own when that one is done.
+void WorldView::RepaintMap() {
+  paintAsked_ = true;
+  if (painting_) return;
+  painting_ = true;
+  while (paintAsked_ && IsOpen()) {
+    paintAsked_ = false;
+    canvas_->FitToWidget();
+    painter_->RepaintMapScreen();
+    if (IsOpen()) canvas_->Present();
+  }
+  painting_ = false;
+}
+
+void WorldView::SetDataText(std::string_view text) {
+  const QString shown = platform::qt::ToQt(text).remove('\r');
+  if (pane_->DataText().toPlainText() != shown) pane_->DataText().setPlainText(shown);
+}
+
+void WorldView::LightButton(MapButtons pair, int index, platform::Colour colour) {
+  (pair == MapButtons::kTime ? pane_->TimeButton(index) : pane_->InfoModeButton(index)).SetBackColour(colour);
+}
+
+void WorldView::PopUpSatelliteMenu() {
+  menus_->SatelliteMenu().popup(QCursor::pos());
+}
+
+std::unique_ptr<platform::Window> MakeWorldView() {
+  return std::make_unique<WorldView>(orbit::TheSky());
+}
+
+}  // namespace kestrava::views2d::ui
