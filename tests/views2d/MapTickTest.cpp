@@ -1,5 +1,4 @@
-// One tick of the map: the warp clock, the favourites' places, the info pane, the automatic selection, the NORAD time.
-#include <algorithm>
+// One tick of the map: the warp clock, the favourites' places, the info pane, the NORAD time.
 #include <cmath>
 
 #include "orbit/Angles.h"
@@ -17,7 +16,6 @@ using Numbers = std::vector<int>;
 class WarpClockOfTheMap : public PlotFixture {};
 class MapTick : public PlotFixture {};
 class InfoPaneOfTheMap : public PlotFixture {};
-class AutomaticSelection : public PlotFixture {};
 class NoradTime : public PlotFixture {};
 
 TEST_F(WarpClockOfTheMap, EachTickAddsTheSpeed) {
@@ -299,83 +297,6 @@ TEST_F(InfoPaneOfTheMap, NumbersFollowTheMachinesLocale) {
   SeeAt(kIss, -20);
   Tick();
   EXPECT_EQ(Line(4), "Elevation : -20,0 Deg");
-}
-
-TEST_F(AutomaticSelection, OffLeavesTheSelectionAlone) {
-  SetFavourites({kIss, kNoaa});
-  SeeAt(kNoaa, 60);
-  Tick();
-  EXPECT_EQ(settings.Get("AutoSelect"), "0");
-  EXPECT_TRUE(host.selected.empty());
-  EXPECT_EQ(tables.SelSat, 1);
-}
-
-TEST_F(AutomaticSelection, TakesTheHighestWhenTheSelectedOneIsLow) {
-  SetFavourites({kIss, kOscar, kNoaa});
-  settings.Set("AutoSelect", "1");
-  SeeWithout(kIss, kNoaa, 60);
-  Tick();
-  EXPECT_EQ(host.selected, Numbers{3});
-  EXPECT_EQ(tables.SelSat, 3);
-}
-
-TEST_F(AutomaticSelection, KeepsASatelliteAtThreeDegreesHoweverHighAnotherStands) {
-  SetFavourites({kIss, kNoaa});
-  settings.Set("AutoSelect", "1");
-  SeeAt(kNoaa, 60);
-  eventLoop.AtYield(2, [&] { Fave(1).El = 3.0; });
-  Tick();
-  EXPECT_TRUE(host.selected.empty());
-  eventLoop.AtYield(2, [&] { Fave(1).El = 2.999; });
-  Tick();
-  EXPECT_EQ(host.selected, Numbers{2});
-}
-
-TEST_F(AutomaticSelection, AtTwoPointNineWithAllOthersLowerTheSelectionStays) {
-  SetFavourites({kIss, kNoaa, kOscar});
-  settings.Set("AutoSelect", "1");
-  SeeAt(kIss, 2.9);
-  ASSERT_LT(ElevationDeg(kNoaa), 2.9);
-  ASSERT_LT(ElevationDeg(kOscar), 2.9);
-  Tick();
-  EXPECT_TRUE(host.selected.empty());
-  EXPECT_EQ(tables.SelSat, 1);
-}
-
-TEST_F(AutomaticSelection, WithNoneInViewTheHighestBelowTheHorizonIsTakenAllTheSame) {
-  SetFavourites({kIss, kNoaa});
-  settings.Set("AutoSelect", "1");
-  SeeWithout(kIss, kNoaa, -1);
-  Tick();
-  EXPECT_EQ(host.selected, Numbers{2});
-}
-
-TEST_F(AutomaticSelection, ATieKeepsTheEarlierRow) {
-  SetFavourites({kIss, kNoaa, kNoaa});
-  settings.Set("AutoSelect", "1");
-  SeeWithout(kIss, kNoaa, 60);
-  Tick();
-  EXPECT_EQ(host.selected, Numbers{2});
-}
-
-TEST_F(AutomaticSelection, TheSettingIsReadOncePerFavouriteAndOnceForTheSwitch) {
-  SetFavourites({kIss, kNoaa});
-  settings.Set("AutoSelect", "1");
-  settings.ForgetAccesses();
-  Tick();
-  const auto& reads = settings.Reads();
-  EXPECT_EQ(std::count(reads.begin(), reads.end(), "AutoSelect"), 3);
-}
-
-TEST_F(AutomaticSelection, AFailingSelectionHandlerIsLogged) {
-  SetFavourites({kIss, kNoaa});
-  settings.Set("AutoSelect", "1");
-  tables.SelSat = 501;
-  SeeAt(kNoaa, 60);
-  Tick();
-  EXPECT_EQ(TakeFaults(),
-            (Texts{"Subscript out of range - Mapview Gsatroutine", "Subscript out of range - Mapview Gsatroutine"}));
-  EXPECT_TRUE(host.selected.empty());
 }
 
 TEST_F(NoradTime, IsTheDayOfTheYearWithItsFraction) {
