@@ -67,7 +67,6 @@ ModelError Sgp4::MeanElementsAt(double t, Moment& at) const {
     axis = std::pow(sgp4::kXke / m.meanMotion, sgp4::kTwoThirds);
   }
   at.semiMajorAxis = axis * tempa * tempa;
-  m.meanMotion = sgp4::kXke / (at.semiMajorAxis * std::sqrt(at.semiMajorAxis));
   m.eccentricity -= tempe;
   if (m.eccentricity >= 1 || m.eccentricity < -0.001) return ModelError::kMeanEccentricity;
   if (m.eccentricity < 1e-6) m.eccentricity = 1e-6;
@@ -114,22 +113,22 @@ ModelError Sgp4::AddShortPeriodics(const Moment& at, Sgp4State& state) const {
   const double el2 = axnl * axnl + aynl * aynl;
   const double pl = am * (1 - el2);
   if (pl < 0) return ModelError::kSemiLatusRectum;
-  const double rl = am * (1 - ecose);
-  const double rdotl = std::sqrt(am) * esine / rl;
-  const double rvdotl = std::sqrt(pl) / rl;
-  const double betal = std::sqrt(1 - el2);
+  const double rl = am * (1 - ecose), inverseRl = 1 / rl, inversePl = 1 / pl;
+  const double betal = std::sqrt(1 - el2), sqrtAm = std::sqrt(am);
+  const double rdotl = sqrtAm * esine * inverseRl;
+  const double rvdotl = sqrtAm * betal * inverseRl;
   const double tilt = esine / (1 + betal);
-  const double sinu = am / rl * (eo1.sine - aynl - axnl * tilt);
-  const double cosu = am / rl * (eo1.cosine - axnl + aynl * tilt);
+  const double sinu = am * inverseRl * (eo1.sine - aynl - axnl * tilt);
+  const double cosu = am * inverseRl * (eo1.cosine - axnl + aynl * tilt);
   const double sin2u = (cosu + cosu) * sinu, cos2u = 1 - 2 * sinu * sinu;
-  const double temp1 = 0.5 * kJ2 / pl, temp2 = temp1 / pl;
+  const double temp1 = 0.5 * kJ2 * inversePl, temp2 = temp1 * inversePl;
 
   // short-period periodics; the corrections of the angles are small, so the angles themselves are never needed
   const double mrt = rl * (1 - 1.5 * temp2 * betal * at.con41) + 0.5 * temp1 * at.x1mth2 * cos2u;
   const SineCosine su = Turned({sinu, cosu}, -0.25 * temp2 * at.x7thm1 * sin2u);
   const SineCosine node = SineCosine::Of(m.node + 1.5 * temp2 * at.cosi * sin2u);
   const SineCosine inc = Turned({at.sini, at.cosi}, 1.5 * temp2 * at.cosi * at.sini * cos2u);
-  const double scaled = m.meanMotion * temp1 / sgp4::kXke;
+  const double scaled = temp1 / (am * sqrtAm);  // mean motion times temp1 over the model's gravity constant
   const double mvt = rdotl - scaled * at.x1mth2 * sin2u;
   const double rvdot = rvdotl + scaled * (at.x1mth2 * cos2u + 1.5 * at.con41);
 

@@ -1,7 +1,7 @@
-#include "platform/EventLoop.h"
-
 #include <string>
 #include <vector>
+
+#include "platform/EventLoop.h"
 
 #include "support/House.h"
 

@@ -83,6 +83,7 @@ class SharedLock {
   }
   void Unlock() { ::flock(fd_.Get(), LOCK_UN); }
 
+  bool Counts() const { return counter_ != nullptr; }
   std::uint64_t Count() const { return counter_ ? counter_->load(std::memory_order_acquire) : 0; }
   void Add() {
     if (counter_) counter_->fetch_add(1, std::memory_order_acq_rel);
@@ -154,7 +155,7 @@ class XdgSettings::Store {
   void RefreshIfChanged() {
     const std::int64_t now = CoarseMs();
     const bool counted = lock_.Count() != seenCount_;
-    if (!counted && now - lookedMs_ < kLookIntervalMs) return;
+    if (!counted && lock_.Counts() && now - lookedMs_ < kLookIntervalMs) return;
     lookedMs_ = now;
     lock_.Open(false);
     if (counted || lock_.Count() != seenCount_ || StampOf(file_) != seen_) LoadForReading();

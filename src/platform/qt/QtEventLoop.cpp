@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <string>
 #include <utility>
 
 #include "platform/Messages.h"
@@ -54,11 +55,18 @@ class QtTimer : public Timer {
     const auto tick = tick_;  // outlives this timer if the tick ends it
     {
       const QtEventLoop::Busy busy;
-      RunUntrapped("A timer's work", *tick);
+      RunUntrapped(name_, *tick, Untrapped::kTick);
     }
     if (*alive) ticking_ = false;
   }
 
+  /// Told apart by a number: a fault is told once for each timer.
+  static std::string NextName() {
+    static int last = 0;
+    return "Timed work (" + std::to_string(++last) + ")";
+  }
+
+  std::string name_ = NextName();
   int intervalMs_;
   bool enabled_ = false;
   bool ticking_ = false;

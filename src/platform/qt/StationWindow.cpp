@@ -120,7 +120,8 @@ void StationWindow::Activated() {
   untoldTimer_->SetEnabled(false);
   leftForOwnBox_ = false;
   LastActivated() = this;
-  if (!unloading_) RunUntrapped(FromQt(windowTitle()), [this] { OnActivated(); });
+  if (unloading_) return;
+  RunUntrapped("The update of the window \"" + FromQt(windowTitle()) + '"', [this] { OnActivated(); });
 }
 
 void StationWindow::NoteDeactivation() {

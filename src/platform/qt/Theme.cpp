@@ -20,8 +20,32 @@ struct PlainLook {
   QPalette palette;
 };
 
+constexpr double kLegibleContrast = 4.5;
+
+struct RolePair {
+  QPalette::ColorRole text;
+  QPalette::ColorRole ground;
+};
+constexpr RolePair kTextOnGround[] = {{QPalette::WindowText, QPalette::Window},
+                                      {QPalette::Text, QPalette::Base},
+                                      {QPalette::ButtonText, QPalette::Button},
+                                      {QPalette::HighlightedText, QPalette::Highlight},
+                                      {QPalette::ToolTipText, QPalette::ToolTipBase}};
+
+/// A desktop's palette with texts that would be hard to read in black or white instead.
+QPalette MadeLegible(QPalette palette) {
+  for (const RolePair& pair : kTextOnGround) {
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+      const QColor ground = palette.color(group, pair.ground);
+      if (ContrastRatio(palette.color(group, pair.text), ground) >= kLegibleContrast) continue;
+      palette.setColor(group, pair.text, ReadableOn(ground));
+    }
+  }
+  return palette;
+}
+
 const PlainLook& Plain() {
-  static const PlainLook look{QApplication::style()->name(), QApplication::palette()};
+  static const PlainLook look{QApplication::style()->name(), MadeLegible(QApplication::palette())};
   return look;
 }
 

@@ -1,0 +1,272 @@
+#include <csignal>
+#include <fstream>
+#include <iterator>
+
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "platform/Fault.h"
+#include "platform/linux/XdgSettings.h"
+
+#include "support/ScriptedClock.h"
+#include "support/TempFolder.h"
+
+namespace kestrava::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class RealSettings : public ::testing::Test {
+ protected:
+  fs::path File() const { return folder / "kestrava/settings.conf"; }
+  std::string Text() const {
+    std::ifstream in(File(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+  }
+  void PutText(const std::string& text) const {
+    fs::create_directories(File().parent_path());
+    std::ofstream(File(), std::ios::binary) << text;
+  }
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(File().parent_path())) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+  std::unique_ptr<XdgSettings> Open() {
+    return std::make_unique<XdgSettings>(folder / "kestrava", clock,
+                                         [this](const fs::path& aside) { reports.push_back(aside); });
+  }
+
+  kestrava::testing::TempFolder folder;
+  kestrava::testing::ScriptedClock clock;
+  std::vector<fs::path> reports;
+};
+
+TEST_F(RealSettings, AReadMakesNoFile) {
+  EXPECT_EQ(Open()->Get("Miles"), "");
+  EXPECT_FALSE(fs::exists(folder / "kestrava"));
+}
+
+TEST_F(RealSettings, AValueIsThereInTheNextRun) {
+  Open()->Set("Location Name", " Zürich = home ");
+  EXPECT_EQ(Open()->Get("LOCATION NAME"), " Zürich = home ");
+  EXPECT_EQ(Text(), "Location Name= Zürich = home \n");
+}
+
+TEST_F(RealSettings, EveryTextComesBackAsItWas) {
+  const std::string odd[] = {"",
+                             " ",
+                             "a=b",
+                             "\\",
+                             "\\n",
+                             "line\nline\r\n",
+                             "\t",
+                             "= = =",
+                             "\"quoted\"",
+                             "C:\\temp\\new",
+                             "# no remark",
+                             std::string("a\0b", 3),
+                             "51,5"};
+  auto store = Open();
+  for (std::size_t i = 0; i < std::size(odd); ++i) {
+    store->Set("value" + std::to_string(i), odd[i]);
+    store->Set("key " + odd[i] + " end", std::to_string(i));
+  }
+  store = Open();
+  for (std::size_t i = 0; i < std::size(odd); ++i) {
+    EXPECT_EQ(store->Get("value" + std::to_string(i)), odd[i]) << i;
+    EXPECT_EQ(store->Get("key " + odd[i] + " end"), std::to_string(i)) << i;
+  }
+  EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, BytesThatAreNoUtf8DoNotDamageTheFile) {
+  Open()->Set("Location Name", "Z\xFCrich");
+  EXPECT_EQ(Open()->Get("Location Name"), "Zürich");
+  EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, OneKeyInTwoSpellingsIsOneLine) {
+  auto store = Open();
+  store->Set("FqOffset", "5000");
+  store->Set("FQoffset", "0");
+  EXPECT_EQ(Text(), "FqOffset=0\n");
+}
+
+TEST_F(RealSettings, AValueThatStandsIsNotWrittenAgain) {
+  auto store = Open();
+  store->Set("WinPosX", "200");
+  const auto before = fs::last_write_time(File());
+  fs::permissions(File().parent_path(), fs::perms::owner_read | fs::perms::owner_exec);
+  store->Set("WinPosX", "200");
+  store->Set("winposx", "200");
+  fs::permissions(File().parent_path(), fs::perms::owner_all);
+  EXPECT_EQ(fs::last_write_time(File()), before);
+}
+
+TEST_F(RealSettings, AFileFromAnotherEditorIsRead) {
+  PutText("\xEF\xBB\xBFSkin=0\r\n\r\n Miles=1\r\nskin=1");
+  const auto store = Open();
+  EXPECT_EQ(store->Get("Skin"), "1") << "the last line of a key counts";
+  EXPECT_EQ(store->Get(" Miles"), "1");
+  EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, TheFileIsTheUsersOwn) {
+  Open()->Set("ProxyPass", "secret");
+  EXPECT_EQ(fs::status(File()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+}
+
+TEST_F(RealSettings, ADamagedFileIsSetAsideUnderADatedNameAndSaidOnce) {
+  const std::string damaged[] = {"Skin=1\nno sign\n", std::string("Skin=1\n\0\n", 9), "Skin=\xFF\xFE\n", "\\=x"};
+  for (const std::string& text : damaged) {
+    fs::remove_all(folder / "kestrava");
+    reports.clear();
+    PutText(text);
+    const auto store = Open();
+    const fs::path aside = folder / "kestrava/settings.conf.damaged-2024-06-01-12-00-00";
+    EXPECT_EQ(reports, std::vector<fs::path>{aside});
+    EXPECT_EQ(store->Get("Skin"), "") << "the run goes on with defaults";
+    store->Set("Miles", "1");
+    EXPECT_EQ(Text(), "Miles=1\n");
+    std::ifstream kept(aside, std::ios::binary);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(kept), {}), text);
+    EXPECT_EQ(reports.size(), 1U);
+  }
+}
+
+TEST_F(RealSettings, TwoDamagedFilesOfOneMomentAreBothKept) {
+  PutText("first");
+  Open();
+  PutText("second");
+  Open();
+  EXPECT_EQ(Names(), (std::vector<std::string>{"settings.conf.damaged-2024-06-01-12-00-00",
+                                               "settings.conf.damaged-2024-06-01-12-00-00-2", "settings.lock"}));
+}
+
+TEST_F(RealSettings, AFileDamagedWhileWeRunIsSetAsideAtTheNextWrite) {
+  auto store = Open();
+  store->Set("Skin", "0");
+  PutText("damaged");
+  store->Set("Miles", "1");
+  EXPECT_EQ(Text(), "Miles=1\n");
+  EXPECT_EQ(reports.size(), 1U);
+}
+
+TEST_F(RealSettings, ACopyInTheSameSecondSeesWhatAnotherHasWritten) {
+  auto first = Open();
+  auto second = Open();
+  EXPECT_EQ(second->Get("MapFile"), "");
+  first->Set("MapFile", "a");
+  EXPECT_EQ(second->Get("MapFile"), "a") << "though there was no file to share when it started";
+  for (int i = 0; i < 20; ++i) {
+    const std::string value = std::to_string(i % 2);  // same size, maybe the same clock tick
+    first->Set("MapFile", value);
+    ASSERT_EQ(second->Get("mapfile"), value) << i;
+    second->Set("Miles", value);
+    ASSERT_EQ(first->Get("Miles"), value) << i;
+  }
+}
+
+TEST_F(RealSettings, AWriteKeepsWhatAnotherCopyHasWrittenMeanwhile) {
+  auto first = Open();
+  auto second = Open();
+  first->Set("A", "1");
+  second->Set("B", "2");
+  first->Set("C", "3");
+  EXPECT_EQ(Text(), "A=1\nB=2\nC=3\n");
+}
+
+TEST_F(RealSettings, AFolderThatWasRemovedIsMadeAnew) {
+  auto store = Open();
+  store->Set("A", "1");
+  fs::remove_all(folder / "kestrava");
+  store->Set("B", "2");
+  EXPECT_EQ(Text(), "B=2\n") << "the file is read anew at each write";
+}
+
+TEST_F(RealSettings, AStoreThatCannotBeWrittenSaysSoAndKeepsWhatItHas) {
+  auto store = Open();
+  store->Set("A", "1");
+  for (rlim_t offset = 0; offset < 8; ++offset) {
+    rlimit earlier{};
+    ::getrlimit(RLIMIT_FSIZE, &earlier);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit limit{offset, earlier.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_THROW(store->Set("B", "2"), Fault) << offset;
+    ::setrlimit(RLIMIT_FSIZE, &earlier);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(store->Get("B"), "");
+    EXPECT_EQ(Text(), "A=1\n");
+  }
+  EXPECT_EQ(Names(), (std::vector<std::string>{"settings.conf", "settings.lock"}));
+}
+
+TEST_F(RealSettings, AFileInPlaceOfTheFolderIsAFault) {
+  std::ofstream(folder / "kestrava") << "x";
+  auto store = Open();
+  EXPECT_EQ(store->Get("A"), "");
+  EXPECT_THROW(store->Set("A", "1"), Fault);
+}
+
+TEST_F(RealSettings, AKillInMidWriteLosesNothingWrittenBefore) {
+  for (int round = 0; round < 12; ++round) {
+    int ends[2];
+    ASSERT_EQ(::pipe(ends), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+      XdgSettings store(folder / "kestrava", clock);
+      for (int i = 0;; ++i) {
+        store.Set("Counter", std::to_string(round * 100000 + i));
+        if (::write(ends[1], &i, sizeof i) != sizeof i) ::_exit(1);
+      }
+    }
+    int last = 0;
+    for (int i = 0; i <= round; ++i) ASSERT_EQ(::read(ends[0], &last, sizeof last), ssize_t{sizeof last});
+    ::kill(child, SIGKILL);
+    ::waitpid(child, nullptr, 0);
+    ::close(ends[1]);
+    while (::read(ends[0], &last, sizeof last) == ssize_t{sizeof last}) continue;  // all that it had confirmed
+    ::close(ends[0]);
+    const int stored = std::stoi(Open()->Get("Counter")) - round * 100000;
+    EXPECT_TRUE(stored == last || stored == last + 1) << "confirmed " << last << ", stored " << stored;
+  }
+  EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, TwoCopiesWritingAtOnceLoseNothing) {
+  constexpr int kWrites = 100;
+  std::vector<pid_t> children;
+  for (const char* name : {"left", "right"}) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      try {
+        XdgSettings store(folder / "kestrava", clock);
+        for (int i = 0; i < kWrites; ++i) store.Set(name + std::to_string(i), std::to_string(i));
+      } catch (...) {
+        ::_exit(1);
+      }
+      ::_exit(0);
+    }
+    children.push_back(child);
+  }
+  for (const pid_t child : children) {
+    int status = 1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+  }
+  const auto store = Open();
+  for (int i = 0; i < kWrites; ++i) {
+    EXPECT_EQ(store->Get("left" + std::to_string(i)), std::to_string(i));
+    EXPECT_EQ(store->Get("right" + std::to_string(i)), std::to_string(i));
+  }
+}
+
+}  // namespace
+}  // namespace kestrava::platform

@@ -1,0 +1,74 @@
+#include <QApplication>
+#include <QLocale>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/QtDoors.h"
+#include "platform/qt/Widgets.h"
+
+#include "support/House.h"
+#include "support_qt/Shots.h"
+
+namespace kestrava::platform::qt {
+namespace {
+
+using QtDoorsTests = testing::House;
+
+/// Presses a button of the message box that will stand next. @return its text once it has stood
+std::shared_ptr<std::string> PressInBox(QMessageBox::StandardButton button) {
+  auto text = std::make_shared<std::string>();
+  QTimer::singleShot(0, qApp, [text, button] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    *text = FromQt(box->windowTitle() + ": " + box->text());
+    testing::SaveShot(*box, "message");
+    box->button(button)->click();
+  });
+  return text;
+}
+
+TEST_F(QtDoorsTests, AMessageStandsUntilItIsRead) {
+  const auto text = PressInBox(QMessageBox::Ok);
+  QtMessages().Show("3 Keplerian files copied to Floppy disk", "Keplerian Data Transfer");
+  EXPECT_EQ(*text, "Keplerian Data Transfer: 3 Keplerian files copied to Floppy disk");
+}
+
+TEST_F(QtDoorsTests, AQuestionGivesItsAnswer) {
+  PressInBox(QMessageBox::Yes);
+  EXPECT_TRUE(QtMessages().AskYesNo("Copy?"));
+  PressInBox(QMessageBox::No);
+  EXPECT_FALSE(QtMessages().AskYesNo("Copy?"));
+}
+
+TEST_F(QtDoorsTests, AMessageIsPlainText) {
+  const auto text = PressInBox(QMessageBox::Ok);
+  QtMessages().Show("<b>a</b> & b");
+  EXPECT_EQ(*text, "Kestrava: <b>a</b> & b");
+}
+
+TEST_F(QtDoorsTests, WithoutADesktopNothingIsOpened) {
+  EXPECT_FALSE(QtOpener().Open("https://example.org/"));
+  EXPECT_FALSE(QtOpener().Open("/no/such/file.html"));
+}
+
+TEST_F(QtDoorsTests, AProgramThatIsNotThereIsNotStarted) {
+  EXPECT_FALSE(QtOpener().Run("kestrava-no-such-program", {}));
+  EXPECT_TRUE(QtOpener().Run("true", {"--version"}));
+}
+
+TEST_F(QtDoorsTests, TheLocaleIsTheMachines) {
+  const QtLocale machine;
+  EXPECT_EQ(machine.DecimalSign(), FromQt(QLocale::system().decimalPoint()));
+  EXPECT_EQ(machine.GroupSign(), FromQt(QLocale::system().groupSeparator()));
+  EXPECT_FALSE(machine.DateText(MakeSerial({2024, 6, 1, 14, 5, 9})).empty());
+}
+
+TEST_F(QtDoorsTests, TheTimeHasItsSeconds) {
+  EXPECT_NE(QtLocale().TimeText(MakeSerial({2024, 6, 1, 14, 5, 9})).find("05:09"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace kestrava::platform::qt

@@ -1,0 +1,170 @@
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QSlider>
+#include <QStyle>
+#include <QTabWidget>
+
+#include <gtest/gtest.h>
+
+#include "platform/qt/Fonts.h"
+#include "platform/qt/ImageSurface.h"
+#include "platform/qt/LedClockWidget.h"
+#include "platform/qt/SkinButton.h"
+#include "platform/qt/Theme.h"
+#include "platform/qt/Widgets.h"
+
+#include "support/House.h"
+#include "support_qt/Shots.h"
+
+namespace kestrava::platform::qt {
+namespace {
+
+constexpr double kLegible = 4.5;
+
+class ThemeTests : public testing::House {
+ protected:
+  ~ThemeTests() override { ApplyTheme(false); }
+};
+
+struct RolePair {
+  QPalette::ColorRole text;
+  QPalette::ColorRole ground;
+};
+
+constexpr RolePair kPairs[] = {
+    {QPalette::WindowText, QPalette::Window},         {QPalette::Text, QPalette::Base},
+    {QPalette::Text, QPalette::AlternateBase},        {QPalette::ButtonText, QPalette::Button},
+    {QPalette::HighlightedText, QPalette::Highlight}, {QPalette::ToolTipText, QPalette::ToolTipBase}};
+
+TEST_F(ThemeTests, TextIsLegibleWithAndWithoutTheSkin) {
+  for (const bool skin : {true, false}) {
+    ApplyTheme(skin);
+    const QPalette palette = QApplication::palette();
+    for (const RolePair& pair : kPairs) {
+      EXPECT_GE(ContrastRatio(palette.color(pair.text), palette.color(pair.ground)), kLegible)
+          << skin << ' ' << pair.text << " on " << pair.ground;
+    }
+  }
+}
+
+TEST_F(ThemeTests, TheSkinsLinksHintsAndAccentsAreLegible) {
+  const QPalette palette = DarkPalette();
+  for (const QPalette::ColorRole role : {QPalette::Link, QPalette::LinkVisited, QPalette::PlaceholderText}) {
+    EXPECT_GE(ContrastRatio(palette.color(role), palette.color(QPalette::Base)), kLegible) << role;
+  }
+  EXPECT_GE(ContrastRatio(Tones().accent, Tones().window), kLegible);
+  EXPECT_GE(ContrastRatio(Tones().accent, Tones().base), kLegible);
+}
+
+TEST_F(ThemeTests, TheSkinsAccentsAreItsNumbers) {
+  EXPECT_EQ(Tones().text.rgb(), ToRgb(0xDDDDDD));
+  EXPECT_EQ(Tones().accent.rgb(), ToRgb(0x00CFD6));
+  EXPECT_EQ(Tones().faint.rgb(), ToRgb(0x808080));
+}
+
+TEST_F(ThemeTests, InkOnAnyBackColourIsLegible) {
+  for (int red = 0; red < 256; red += 15) {
+    for (int green = 0; green < 256; green += 15) {
+      for (int blue = 0; blue < 256; blue += 15) {
+        const QColor back(red, green, blue);
+        EXPECT_GE(ContrastRatio(ReadableOn(back), back), kLegible) << back.name().toStdString();
+      }
+    }
+  }
+}
+
+TEST_F(ThemeTests, ContrastFollowsThePublishedRule) {
+  EXPECT_DOUBLE_EQ(ContrastRatio(Qt::black, Qt::white), 21.0);
+  EXPECT_DOUBLE_EQ(ContrastRatio(Qt::white, Qt::white), 1.0);
+  EXPECT_NEAR(ContrastRatio(QColor(0x77, 0x77, 0x77), Qt::white), 4.48, 0.005);
+}
+
+TEST_F(ThemeTests, TheSettingDecidesAndMayChangeAtAnyTime) {
+  ApplyTheme(false);
+  const QPalette plain = QApplication::palette();
+  const QString style = QApplication::style()->name();
+  settings.Set("Skin", "1");
+  ApplyThemeFromSettings();
+  EXPECT_TRUE(SkinIsOn());
+  EXPECT_EQ(QApplication::palette().color(QPalette::Window), Tones().window);
+  settings.Set("Skin", "0");
+  ApplyThemeFromSettings();
+  EXPECT_FALSE(SkinIsOn());
+  EXPECT_EQ(QApplication::palette().color(QPalette::Window), plain.color(QPalette::Window));
+  EXPECT_EQ(QApplication::style()->name(), style);
+}
+
+TEST_F(ThemeTests, FacesAreTakenByKindFromWhatIsInstalled) {
+  EXPECT_TRUE(FontByName("Small fonts", 7, true).family().startsWith("DejaVu Sans"));
+  EXPECT_TRUE(FontByName("SMALL FONTS", 7, false).family().startsWith("DejaVu Sans"));
+  EXPECT_FALSE(FontByName("Arial", 8, true).family().isEmpty());
+  EXPECT_EQ(FontByName("No such face", 9, false).family(), InterfaceFont().family());
+  EXPECT_EQ(FontByName("Arial", 9, false).pixelSize(), 12);
+  EXPECT_EQ(FontForScale("Arial", 9, false, 1.5).pixelSize(), 18);
+  EXPECT_TRUE(FontByName("Arial", 8, true).bold());
+}
+
+/// All kinds of controls in one window, for the eye.
+void SaveGallery(bool skin, const char* name) {
+  ApplyTheme(skin);
+  QWidget window;
+  auto* grid = new QGridLayout(&window);
+  auto* bar = new QMenuBar;
+  bar->addMenu("&Satellite");
+  bar->addMenu("&Options");
+  grid->setMenuBar(bar);
+  grid->addWidget(new QLabel("Keplerian Elements Last Updated 3 Days Ago"), 0, 0, 1, 2);
+  auto* led = new LedClockWidget;
+  led->SetValue(MakeSerial({2024, 6, 1, 12, 34, 56}));
+  led->ShowGivenTime(true);
+  grid->addWidget(led, 1, 0);
+  auto* realtime = new SkinButton("Realtime");
+  realtime->SetBackColour(kChosenBack);
+  auto* warp = new SkinButton("TimeWarp");
+  warp->SetBackColour(kOtherBack);
+  grid->addWidget(realtime, 2, 0);
+  grid->addWidget(warp, 2, 1);
+  auto* off = new SkinButton("Pass Predictions");
+  off->setEnabled(false);
+  auto* help = new SkinButton("Help");
+  grid->addWidget(help, 3, 0);
+  grid->addWidget(off, 3, 1);
+  grid->addWidget(new QSlider(Qt::Horizontal), 4, 0);
+  auto* chosen = new QCheckBox("Show the ground track");
+  chosen->setChecked(true);
+  grid->addWidget(chosen, 4, 1);
+  auto* combo = new QComboBox;
+  combo->addItem("Default");
+  grid->addWidget(combo, 5, 0);
+  grid->addWidget(new QLineEdit("51.5"), 5, 1);
+  grid->addWidget(new QPushButton("OK"), 6, 0);
+  grid->addWidget(new QPlainTextEdit("No Information available\n"), 7, 0);
+  auto* list = new ListWidget({"dot", "Satellite", "AOS", "LOS"});
+  list->AddRow({"SATELLITE", "AOS", "LOS"});
+  for (int i = 0; i < 5; ++i)
+    list->AddRow({"NOAA " + std::to_string(15 + i), i == 0 ? "NOW" : "12:0" + std::to_string(i), "12:15"});
+  list->setCurrentItem(list->topLevelItem(2));
+  grid->addWidget(list, 7, 1);
+  window.resize(520, 520);
+  window.show();
+  window.activateWindow();
+  QCoreApplication::processEvents();
+  help->setFocus();
+  testing::SaveShot(window, name);
+  EXPECT_TRUE(help->hasFocus());
+}
+
+TEST_F(ThemeTests, AllControlsStandTogetherInBothLooks) {
+  SaveGallery(true, "gallery-skin");
+  SaveGallery(false, "gallery-plain");
+}
+
+}  // namespace
+}  // namespace kestrava::platform::qt

@@ -1,0 +1,33 @@
+// Test programs with windows need no display: they run on the toolkit's offscreen platform, on one screen of
+// 1600 x 1200 without window frames.
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr const char* kScreen =
+    R"({"windowFrameMargins":false,"screens":[{"name":"s0","x":0,"y":0,"width":1600,"height":1200,)"
+    R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
+
+bool WriteScreenFile(const QString& path) {
+  QFile file(path);
+  return file.open(QIODevice::WriteOnly) && file.write(kScreen) > 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  ::testing::InitGoogleTest(&argc, argv);
+  const QTemporaryDir folder;
+  const QString screenFile = folder.filePath("screen.json");
+  if (!folder.isValid() || !WriteScreenFile(screenFile)) return 2;
+  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screenFile.toLocal8Bit());
+  qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
+  qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
+  qputenv("QT_SCALE_FACTOR", "1");
+  const QApplication application(argc, argv);
+  return RUN_ALL_TESTS();
+}
