@@ -6,6 +6,8 @@
 
 #include "orbit/ElementReader.h"
 #include "orbit/PassSearch.h"
+#include "orbit/Satcalc.h"
+#include "orbit/Tables.h"
 
 #include "BestOfRuns.h"
 #include "SampleSky.h"
@@ -84,6 +86,23 @@ void PositionOfEngine(benchmark::State& state) {
   state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(names.size()));
 }
 
+/// The one door of the windows, without the extended block: conversions and texts on top of the position.
+void WholeSatcalc(benchmark::State& state) {
+  orbit::Tables tables;
+  const orbit::Sky sky{tables, SampleEngine()};
+  std::vector<std::string> names;
+  for (const orbit::ElementSet& set : NearEarthSets()) {
+    if (sky.engine.Propagate(set.name, kStartSerial).error == orbit::ModelError::kNone) names.push_back(set.name);
+  }
+  platform::DateParts moment{2026, 11, 15, 12, 0, 0};
+  for (auto _ : state) {
+    moment.second = (moment.second + 1) % 60;
+    for (const std::string& name : names) orbit::Satcalc(sky, name, moment, false);
+    benchmark::DoNotOptimize(tables.result.SatAz);
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<int64_t>(names.size()));
+}
+
 void PositionOfSun(benchmark::State& state) {
   double serial = kStartSerial;
   for (auto _ : state) benchmark::DoNotOptimize(SampleEngine().PlaceOf("sun", serial += 1e-5));
@@ -136,6 +155,7 @@ int main(int argc, char** argv) {
   Register("StateDeepSpace", StateDeepSpace);
   Register("StateDeepSpaceYardstick", StateDeepSpaceYardstick);
   Register("PositionOfEngine", PositionOfEngine);
+  Register("WholeSatcalc", WholeSatcalc);
   Register("PositionOfSun", PositionOfSun);
   Register("ElementFileOf2000Sets", ElementFileOf2000Sets);
   Register("NextRiseOf500NearEarth", NextRiseOf500NearEarth);
@@ -145,6 +165,7 @@ int main(int argc, char** argv) {
                        {"StateDeepSpace", 0, 0, "StateDeepSpaceYardstick"},
                        {"StateDeepSpaceYardstick", 0, 0, ""},
                        {"PositionOfEngine", 0, 0, ""},
+                       {"WholeSatcalc", 600e3, 0, ""},
                        {"PositionOfSun", 0, 0, ""},
                        {"ElementFileOf2000Sets", 0, 4e-3, ""},
                        {"NextRiseOf500NearEarth", 0, 15e-3, ""},

@@ -9,15 +9,30 @@
 #include "orbit/Frames.h"
 #include "platform/Doors.h"
 #include "platform/linux/PosixFiles.h"
+#include "platform/linux/SystemClock.h"
 
 namespace kestrava::bench {
 namespace {
 
+/// Numbers with a point, on every machine.
+class PointLocale : public platform::MachineLocale {
+ public:
+  std::string DecimalSign() const override { return "."; }
+  std::string GroupSign() const override { return ","; }
+  std::string DateText(platform::SerialDate /*local*/) const override { return {}; }
+  std::string TimeText(platform::SerialDate /*local*/) const override { return {}; }
+};
+
+/// The doors that a position needs, put in at the first call.
 platform::Files& TheRealFiles() {
   static platform::PosixFiles files;
+  static platform::SystemClock clock;
+  static PointLocale locale;
   static const platform::ScopedDoors doors = [] {
     platform::Doors all;
     all.files = &files;
+    all.clock = &clock;
+    all.locale = &locale;
     return platform::ScopedDoors(all);
   }();
   return files;

@@ -134,6 +134,38 @@ TEST_F(EngineDatabase, ReadsTheFolderAnewWhenItsFilesHaveChanged) {
   EXPECT_FALSE(engine_.Knows("OLD"));
 }
 
+TEST_F(EngineDatabase, ReadsTheOtherFilesWhenOneCannotBeRead) {
+  Put("a.txt", SetOf("A"));
+  Put("b.txt", SetOf("B", "00002"));
+  files.BreakFile(platform::InAppDir("a.txt"), platform::Fault::PermissionDenied());
+  EXPECT_EQ(Names(), "\"B\"");
+  EXPECT_EQ(TakeFaults(), std::vector<std::string>{"Permission denied - Engine DataFolder"});
+}
+
+TEST_F(EngineDatabase, SaysOnceWhyTheGroupsCannotBeRead) {
+  Put("groups.dat", "A,x/a.txt,0\n");
+  Put("a.txt", SetOf("A"));
+  files.BreakFile(platform::InAppDir("groups.dat"), platform::Fault::DeviceError());
+  EXPECT_EQ(Names(), "");
+  EXPECT_EQ(TakeFaults(), std::vector<std::string>{"Device I/O error - Engine DataFolder"});
+}
+
+TEST_F(EngineDatabase, SurvivesADeviceThatBreaksAtAnyByte) {
+  const std::string groups = "A,x/a.txt,0\nB,x/b.txt,0\n";
+  Put("groups.dat", groups);
+  Put("a.txt", SetOf("A"));
+  Put("b.txt", SetOf("B", "00002"));
+  const std::size_t all = groups.size() + SetOf("A").size() + SetOf("B", "00002").size();
+  for (std::size_t bytes = 0; bytes <= all; bytes += 7) {
+    files.BreakReadAfter(bytes);
+    Names();
+    EXPECT_LE(engine_.SatelliteCount(), 2);
+    files.Mend();
+    (void)TakeFaults();
+  }
+  EXPECT_EQ(Names(), "\"A\",\"B\"");
+}
+
 TEST_F(EngineDatabase, FindsEachOfThousandsOfNames) {
   std::string text;
   constexpr int kSets = 3000;
