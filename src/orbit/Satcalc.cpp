@@ -96,7 +96,7 @@ void CalcPlace(OrbitEngine& engine, std::string_view name, double engineTime, Re
   });
   result.SatAz = RadToDeg(azimuthRad);
   result.SatEl = RadToDeg(elevationRad);
-  result.SatLon = 360 - RadToDeg(lonRad);
+  result.SatLon = LonWestFromEast(lonRad);
   result.SatLat = RadToDeg(latRad);
   kTrap([&] { result.SatPhaseMA = PhaseOn255(fraction); });
   kTrap([&] { result.SatOrbit = std::to_string(engine.OrbitNumber()); });
@@ -121,6 +121,10 @@ void CalcExtended(const Sky& sky, std::string_view name, double engineTime) {
 }
 
 }  // namespace
+
+double LonWestFromEast(double lonEastRad) {
+  return 360 - RadToDeg(lonEastRad);
+}
 
 bool IsSunlit(double sunElevationDeg) {
   return sunElevationDeg > -18;
@@ -179,7 +183,8 @@ constexpr double kCulminationMarginDeg = 0.02;       // parallax, and what the S
 /// @param direction  1: it is below and a rise is looked for; -1: it is above and a set is looked for
 int MinutesRuledOut(const Sky& sky, int direction) {
   const double awayDeg = -direction * sky.tables.result.SatEl;
-  if (!(awayDeg > 0)) return 0;
+  if (std::isnan(awayDeg)) return kMostMinutes;
+  if (awayDeg <= 0) return 0;
   const double latDeg = sky.engine.ObserverLatitude();
   const double byTurnMin = awayDeg / SunElevationRateBoundDegPerMin(latDeg);
   // Where the Sun does not even reach the horizon at its highest or lowest, only its way north or south counts.

@@ -31,6 +31,10 @@ Sky TheSky();
 /// @param extended  asks for sunlight, visibility, next rise and next set; only the selected satellite gets them
 void Satcalc(const Sky& sky, std::string_view name, const platform::DateParts& local, bool extended);
 
+/// Longitude as the system has it, degrees west positive, of one as the engine has it, radians east positive: 0 east is
+/// 360.
+double LonWestFromEast(double lonEastRad);
+
 /// Whether a satellite counts as sunlit, by the Sun's elevation at the point below it: at exactly -18 it is eclipsed.
 /// This one fixed depression is the whole test, the Earth's shadow has no part in it.
 bool IsSunlit(double sunElevationDeg);
