@@ -39,6 +39,9 @@ bool BestOfRuns::PrintSummary() const {
     if (const auto yardstick = bestRatePerS_.find(asked.yardstick); isRate && yardstick != bestRatePerS_.end()) {
       std::printf(" %7.2fx", rate->second / yardstick->second);
     }
+    if (const auto yardstick = bestTimeS_.find(asked.yardstick); !isRate && yardstick != bestTimeS_.end()) {
+      std::printf(" %7.1fx", yardstick->second / time->second);
+    }
     std::printf("\n");
   }
   return allReached;

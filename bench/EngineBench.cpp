@@ -11,6 +11,7 @@
 
 #include "BestOfRuns.h"
 #include "SampleSky.h"
+#include "SearchYardstick.h"
 
 namespace kestrava::bench {
 namespace {
@@ -159,7 +160,9 @@ int main(int argc, char** argv) {
   Register("PositionOfSun", PositionOfSun);
   Register("ElementFileOf2000Sets", ElementFileOf2000Sets);
   Register("NextRiseOf500NearEarth", NextRiseOf500NearEarth);
+  Register("NextRiseOf500Yardstick", NextRiseOf500Yardstick);
   Register("PassListOfThreeDays", PassListOfThreeDays);
+  Register("PassListYardstick", PassListYardstick);
   BestOfRuns reporter({{"StateNearEarth", 3.5e6, 0, "StateNearEarthYardstick"},
                        {"StateNearEarthYardstick", 0, 0, ""},
                        {"StateDeepSpace", 0, 0, "StateDeepSpaceYardstick"},
@@ -168,8 +171,10 @@ int main(int argc, char** argv) {
                        {"WholeSatcalc", 600e3, 0, ""},
                        {"PositionOfSun", 0, 0, ""},
                        {"ElementFileOf2000Sets", 0, 4e-3, ""},
-                       {"NextRiseOf500NearEarth", 0, 15e-3, ""},
-                       {"PassListOfThreeDays", 0, 0.6e-3, ""}});
+                       {"NextRiseOf500NearEarth", 0, 15e-3, "NextRiseOf500Yardstick"},
+                       {"NextRiseOf500Yardstick", 0, 0, ""},
+                       {"PassListOfThreeDays", 0, 0.6e-3, "PassListYardstick"},
+                       {"PassListYardstick", 0, 0, ""}});
   benchmark::RunSpecifiedBenchmarks(&reporter);
   if (!reporter.PrintSummary()) std::puts("\nnot everything asked was reached on this machine at this time");
   return 0;
