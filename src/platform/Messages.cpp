@@ -17,12 +17,11 @@ std::set<std::string>& Told() {
 }
 
 void Tell(const std::string& what, const std::string& fault, Untrapped kind) {
-  const auto [entry, isNew] = Told().insert(what);
-  if (!isNew) return;
-  TheMessages().Show(what + " could not be done: " + fault +
-                     ".\n\nEverything stays as it was before. You can go on working; if this happens again, the file "
-                     "error.log in your data folder and this message tell what to report.");
-  if (kind == Untrapped::kClick) Told().erase(what);
+  const std::string sentence = what + " could not be done: " + fault + ".";
+  if (!Told().insert(sentence).second) return;
+  TheMessages().Show(sentence + "\n\nEverything stays as it was before, and you can go on. If this happens again, " +
+                     "please report this message with the file error.log of your data folder.");
+  if (kind == Untrapped::kClick) Told().erase(sentence);
 }
 
 }  // namespace
@@ -31,7 +30,6 @@ bool RunUntrapped(std::string_view what, const std::function<void()>& body, Untr
   const std::string name(what);
   try {
     body();
-    if (kind == Untrapped::kTick) Told().erase(name);
     return true;
   } catch (const Fault& fault) {
     Tell(name, std::string(fault.what()) + " (fault " + std::to_string(fault.Number()) + ")", kind);

@@ -45,15 +45,6 @@ std::size_t WellFormedLength(std::string_view text) {
   return tooLong || noCharacter ? 0 : length;
 }
 
-bool IsUtf8(std::string_view bytes) {
-  while (!bytes.empty()) {
-    const std::size_t length = WellFormedLength(bytes);
-    if (length == 0) return false;
-    bytes.remove_prefix(length);
-  }
-  return true;
-}
-
 }  // namespace
 
 std::string_view Trim(std::string_view text) {
@@ -119,6 +110,15 @@ std::string SatelliteName(std::string_view nameLine) {
   std::replace_if(
       name.begin(), name.end(), [](char c) { return c == ',' || c == '"'; }, ' ');
   return std::string(Trim(name));
+}
+
+bool IsUtf8(std::string_view bytes) {
+  while (!bytes.empty()) {
+    const std::size_t length = WellFormedLength(bytes);
+    if (length == 0) return false;
+    bytes.remove_prefix(length);
+  }
+  return true;
 }
 
 std::string ToUtf8(std::string_view bytes, bool* wasLatin1) {

@@ -71,7 +71,8 @@ TEST_F(RealSettings, EveryTextComesBackAsItWas) {
                              "C:\\temp\\new",
                              "# no remark",
                              std::string("a\0b", 3),
-                             "51,5"};
+                             "51,5",
+                             "\xEF\xBB\xBFmarked"};
   auto store = Open();
   for (std::size_t i = 0; i < std::size(odd); ++i) {
     store->Set("value" + std::to_string(i), odd[i]);
@@ -83,6 +84,11 @@ TEST_F(RealSettings, EveryTextComesBackAsItWas) {
     EXPECT_EQ(store->Get("key " + odd[i] + " end"), std::to_string(i)) << i;
   }
   EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, AKeyMayBeginWithAByteOrderMark) {
+  Open()->Set("\xEF\xBB\xBFkey", "1");
+  EXPECT_EQ(Open()->Get("\xEF\xBB\xBFkey"), "1");
 }
 
 TEST_F(RealSettings, BytesThatAreNoUtf8DoNotDamageTheFile) {

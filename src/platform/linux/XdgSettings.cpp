@@ -14,9 +14,9 @@
 #include <unistd.h>
 
 #include "platform/SerialDate.h"
+#include "platform/SettingsText.h"
 
 #include "AtomicFile.h"
-#include "SettingsText.h"
 
 namespace kestrava::platform {
 

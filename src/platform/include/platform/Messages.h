@@ -18,8 +18,8 @@ class Messages {
   virtual bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) = 0;
 };
 
-/// What failed: a click tells of its fault each time; a tick that fails again and again tells it once, until it has
-/// succeeded in between.
+/// What failed: a click tells of its fault each time it is made, a tick that fails again and again tells each fault
+/// once in the run.
 enum class Untrapped { kClick, kTick };
 
 /// Runs the body of a click or tick that has no trap of its own: an untrapped fault shows one message that names the

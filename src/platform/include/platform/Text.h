@@ -34,6 +34,9 @@ std::vector<std::string> SplitAt(std::string_view text, char separator);
 /// first 15 characters, comma and double quote to blank, trimmed. The one rule of the whole system.
 std::string SatelliteName(std::string_view nameLine);
 
+/// True for well-formed UTF-8, the empty text too.
+bool IsUtf8(std::string_view bytes);
+
 /// Bytes of unknown origin as UTF-8: valid UTF-8 stands, anything else is read as Latin-1. A byte-order mark goes.
 /// @param wasLatin1  set when given, so that a rewrite can go back to it
 std::string ToUtf8(std::string_view bytes, bool* wasLatin1 = nullptr);

@@ -1,4 +1,5 @@
-// The text of the settings file: one line key=value for each setting, UTF-8, keys in order. A backslash escapes itself
+// The text of the settings file, for the store that keeps it: one line key=value for each setting, UTF-8, keys in
+// order. A backslash escapes itself
 // ("\\"), line ends ("\n", "\r"), a NUL ("\0") and, in keys, the equals sign ("\=").
 #pragma once
 

@@ -1,4 +1,4 @@
-#include "SettingsText.h"
+#include "platform/SettingsText.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -11,6 +11,8 @@
 namespace kestrava::platform {
 
 namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 char Folded(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
@@ -68,6 +70,11 @@ std::string Unescaped(std::string_view line) {
   return text;
 }
 
+/// A text as it stands if that is UTF-8, its byte-order marks and all.
+std::string InUtf8(const std::string& text) {
+  return IsUtf8(text) ? text : ToUtf8(text);
+}
+
 std::size_t PlaceOfEqualsSign(std::string_view line) {
   for (std::size_t i = 0; i < line.size(); ++i) {
     if (line[i] == '=') return i;
@@ -91,10 +98,11 @@ bool KeyEqual::operator()(std::string_view a, std::string_view b) const {
 std::string SettingsToText(const SettingsMap& settings) {
   std::vector<std::string> lines;
   for (const auto& [key, value] : settings) {
-    lines.push_back(Escaped(ToUtf8(key), true) + "=" + Escaped(ToUtf8(value), false) + "\n");
+    lines.push_back(Escaped(InUtf8(key), true) + "=" + Escaped(InUtf8(value), false) + "\n");
   }
   std::sort(lines.begin(), lines.end());
   std::string text;
+  if (!lines.empty() && BeginsWith(lines[0], kByteOrderMark)) text = "\n";  // a key's own, not the file's
   for (const std::string& line : lines) text += line;
   return text;
 }
