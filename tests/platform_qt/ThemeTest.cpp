@@ -4,7 +4,9 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSlider>
@@ -17,6 +19,7 @@
 #include "platform/qt/ImageSurface.h"
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
+#include "platform/qt/TextViewer.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 
@@ -159,6 +162,28 @@ void SaveGallery(bool skin, const char* name) {
   help->setFocus();
   testing::SaveShot(window, name);
   EXPECT_TRUE(help->hasFocus());
+}
+
+TEST_F(ThemeTests, MenusMessagesAndPagesTakeTheTheme) {
+  ApplyTheme(true);
+  QMenu menu;
+  menu.addAction("-Select a Satellite-");
+  menu.addAction("ISS (ZARYA)")->setCheckable(true);
+  menu.actions().last()->setChecked(true);
+  menu.addSeparator();
+  menu.addAction("Speech")->setEnabled(false);
+  menu.setActiveAction(menu.actions().at(1));
+  testing::SaveShot(menu, "menu");
+  QMessageBox box(QMessageBox::Question, "Keplerian Data Transfer",
+                  "Copy ALL Keplerian element files onto a Floppy disk ?", QMessageBox::Yes | QMessageBox::No);
+  testing::SaveShot(box, "message-skin");
+  files.Replace("/house/faq.html", "<h1>Kestrava</h1><p>Help</p><h2 id='map'>The map</h2><p><a href='#map'>Up</a></p>");
+  TextViewer viewer;
+  viewer.ShowFile("/house/faq.html");
+  testing::SaveShot(viewer, "viewer");
+  for (QWidget* widget : {static_cast<QWidget*>(&menu), static_cast<QWidget*>(&box), static_cast<QWidget*>(&viewer)}) {
+    EXPECT_LT(qGray(testing::Grab(*widget).pixel(widget->width() / 2, widget->height() - 5)), 80);
+  }
 }
 
 TEST_F(ThemeTests, AllControlsStandTogetherInBothLooks) {

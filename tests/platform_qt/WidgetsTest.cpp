@@ -1,10 +1,13 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QScrollBar>
+#include <QTextBrowser>
 #include <QVBoxLayout>
 
 #include <gtest/gtest.h>
 
+#include "platform/Fault.h"
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
 #include "platform/qt/SurfaceWidget.h"
@@ -215,6 +218,31 @@ TEST_F(WidgetTests, TheViewerShowsAPageATextAndAMissingFile) {
   EXPECT_FALSE(viewer.ShowFile("/house/none.txt"));
   EXPECT_TRUE(text().contains("/house/none.txt")) << FromQt(text());
   EXPECT_TRUE(text().contains("File not found")) << FromQt(text());
+}
+
+TEST_F(WidgetTests, TheViewerFollowsALinkWithinThePageAndHandsOthersOver) {
+  std::string page = "<p><a href='#map'>The map</a></p>";
+  for (int i = 0; i < 200; ++i) page += "<p>line</p>";
+  files.Replace("/house/faq.html", page + "<h2 id='map'>The map</h2>");
+  TextViewer viewer;
+  viewer.ShowFile("/house/faq.html");
+  viewer.Show();
+  auto* text = viewer.findChild<QTextBrowser*>("IPtext");
+  ASSERT_EQ(text->verticalScrollBar()->value(), 0);
+  emit text->anchorClicked(QUrl("#map"));
+  EXPECT_GT(text->verticalScrollBar()->value(), 100);
+  emit text->anchorClicked(QUrl("https://example.org/"));
+  EXPECT_EQ(opener.opened, std::vector<std::string>{"https://example.org/"});
+}
+
+TEST_F(WidgetTests, AFaultThatLeavesAClickIsToldAndNothingEnds) {
+  messages.ExpectMessage("Overflow");
+  SkinButton button("Settings");
+  button.setObjectName("BUTmenu(0)");
+  QObject::connect(&button, &QAbstractButton::clicked, [] { throw Fault::Overflow(); });
+  QKeyEvent down(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier);
+  QApplication::sendEvent(&button, &down);
+  EXPECT_TRUE(button.isEnabled());
 }
 
 }  // namespace

@@ -1,10 +1,11 @@
 // Test programs with windows need no display: they run on the toolkit's offscreen platform, on one screen of
 // 1600 x 1200 without window frames.
-#include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+#include "platform/qt/StationApplication.h"
 
 namespace {
 
@@ -24,10 +25,12 @@ int main(int argc, char** argv) {
   const QTemporaryDir folder;
   const QString screenFile = folder.filePath("screen.json");
   if (!folder.isValid() || !WriteScreenFile(screenFile)) return 2;
-  qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" + screenFile.toLocal8Bit());
+  // KESTRAVA_TEST_PLATFORM=xcb shows the windows on a real desktop instead.
+  const QByteArray other = qgetenv("KESTRAVA_TEST_PLATFORM");
+  qputenv("QT_QPA_PLATFORM", other.isEmpty() ? "offscreen:configfile=" + screenFile.toLocal8Bit() : other);
   qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
   qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
   qputenv("QT_SCALE_FACTOR", "1");
-  const QApplication application(argc, argv);
+  const kestrava::platform::qt::StationApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

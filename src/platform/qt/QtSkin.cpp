@@ -10,8 +10,7 @@
 namespace kestrava::platform::qt {
 namespace {
 
-constexpr const char* kFramePicture = ":/pictures/skin-frame.png";
-constexpr int kEdgePx = 3;
+constexpr int kEdgePx = 6;          // of the finest picture
 constexpr int kColourfulFrom = 36;  // difference of the channels from which a pixel of the edge counts as coloured
 
 QColor FromColour(Colour colour) {
@@ -32,16 +31,22 @@ void ColourEdge(QImage& picture, const QColor& accent) {
   }
 }
 
+/// The frame picture that fits the screen's scale.
+const char* FrameFile(double scale) {
+  if (scale > 1.75) return ":/pictures/skin-frame@2.png";
+  return scale > 1.2 ? ":/pictures/skin-frame@15.png" : ":/pictures/skin-frame.png";
+}
+
 /// Where a picture is cut for stretching: outer pieces are kept, cropped at their inner side where room is short.
 struct Cuts {
-  std::array<int, 4> source;
+  std::array<double, 4> source;
   std::array<int, 4> target;
 };
 
-Cuts CutsOf(int sourceLength, int piece, int targetStart, int targetLength) {
-  const int keptSource = std::min(piece, sourceLength / 2);
-  const int kept = std::min(keptSource, targetLength / 2);
-  return {{0, kept, sourceLength - kept, sourceLength},
+/// @param designLength,piece  of the picture in logical pixels, of which each is `scale` of its own
+Cuts CutsOf(int designLength, int piece, double scale, int targetStart, int targetLength) {
+  const int kept = std::min({piece, designLength / 2, targetLength / 2});
+  return {{0, kept * scale, (designLength - kept) * scale, designLength * scale},
           {targetStart, targetStart + kept, targetStart + targetLength - kept, targetStart + targetLength}};
 }
 
@@ -59,7 +64,7 @@ void QtSkin::SetFontsFromWindow() {
 
 void QtSkin::Apply(const SkinLayout& layout) {
   layout_ = layout;
-  QImage picture(kFramePicture);
+  QImage picture(FrameFile(window_.devicePixelRatioF()));
   if (!picture.isNull()) {
     picture = picture.convertToFormat(QImage::Format_RGB32);
     ColourEdge(picture, FromColour(accent_));
@@ -83,15 +88,14 @@ void QtSkin::Paint(QPainter& painter, const QRect& area) const {
 }
 
 void QtSkin::PaintPicture(QPainter& painter, const QRect& area) const {
-  const Cuts across = CutsOf(picture_.width(), layout_.pieces[0], area.left(), area.width());
-  const Cuts down = CutsOf(picture_.height(), layout_.pieces[1], area.top(), area.height());
+  const double scale = static_cast<double>(picture_.width()) / layout_.sourceWidth;
+  const Cuts across = CutsOf(layout_.sourceWidth, layout_.pieces[0], scale, area.left(), area.width());
+  const Cuts down = CutsOf(layout_.sourceHeight, layout_.pieces[1], scale, area.top(), area.height());
   painter.setRenderHint(QPainter::SmoothPixmapTransform);
   for (std::size_t i = 0; i < 3; ++i) {
     for (std::size_t j = 0; j < 3; ++j) {
-      const QRect to(QPoint(across.target[i], down.target[j]),
-                     QPoint(across.target[i + 1] - 1, down.target[j + 1] - 1));
-      const QRect from(QPoint(across.source[i], down.source[j]),
-                       QPoint(across.source[i + 1] - 1, down.source[j + 1] - 1));
+      const QRectF to(QPointF(across.target[i], down.target[j]), QPointF(across.target[i + 1], down.target[j + 1]));
+      const QRectF from(QPointF(across.source[i], down.source[j]), QPointF(across.source[i + 1], down.source[j + 1]));
       if (!to.isEmpty()) painter.drawPixmap(to, picture_, from);
     }
   }

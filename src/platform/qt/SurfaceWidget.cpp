@@ -2,6 +2,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <cmath>
 #include <cstring>
 
 namespace kestrava::platform::qt {
@@ -40,14 +41,23 @@ QPointF SurfaceWidget::ToSurface(QPointF onWidget) const {
   return {onWidget.x() * back_.Width() / width(), onWidget.y() * back_.Height() / height()};
 }
 
+/// The front picture is of the widget's size, though the last device pixel may be a broken one.
+bool SurfaceWidget::IsPixelForPixel() const {
+  const double scale = devicePixelRatioF();
+  return std::abs(front_.width() - width() * scale) < 1 && std::abs(front_.height() - height() * scale) < 1;
+}
+
 void SurfaceWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   if (front_.isNull()) {
     painter.fillRect(rect(), Qt::black);
     return;
   }
-  const bool sameSize = front_.size() == size() * devicePixelRatioF();
-  painter.setRenderHint(QPainter::SmoothPixmapTransform, !sameSize);
+  if (front_.devicePixelRatio() == devicePixelRatioF() && IsPixelForPixel()) {
+    painter.drawImage(QPoint(0, 0), front_);
+    return;
+  }
+  painter.setRenderHint(QPainter::SmoothPixmapTransform);
   painter.drawImage(rect(), front_);
 }
 

@@ -16,6 +16,7 @@ TextViewer::TextViewer() : StationWindow(kName) {
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(8, 8, 8, 8);
   text_ = Named(new QTextBrowser(this), "IPtext", "Text of the page");
+  text_->document()->setDocumentMargin(14);
   text_->setOpenExternalLinks(false);
   text_->setOpenLinks(false);
   connect(text_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {

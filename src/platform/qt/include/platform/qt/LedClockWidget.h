@@ -13,6 +13,8 @@
 namespace kestrava::platform::qt {
 
 class LedClockWidget : public QWidget, public LedClock {
+  Q_OBJECT
+
  public:
   explicit LedClockWidget(QWidget* parent = nullptr);
 

@@ -12,6 +12,8 @@ inline constexpr Colour kChosenBack = 0xFFFFC0;
 inline constexpr Colour kOtherBack = 0xC0C000;
 
 class SkinButton : public QAbstractButton {
+  Q_OBJECT
+
  public:
   explicit SkinButton(const QString& text, QWidget* parent = nullptr);
 

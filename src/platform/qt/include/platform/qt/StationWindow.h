@@ -36,6 +36,8 @@ struct TwipsPlace {
 class QtSkin;
 
 class StationWindow : public QWidget, public Window, public SkinnedWindow {
+  Q_OBJECT
+
  public:
   /// @param name  the window's name in the registry; its object name too
   explicit StationWindow(std::string_view name, QWidget* parent = nullptr);

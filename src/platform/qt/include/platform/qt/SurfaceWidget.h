@@ -38,6 +38,8 @@ class SurfaceWidget : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
 
  private:
+  bool IsPixelForPixel() const;
+
   ImageSurface back_{1, 1};
   QImage front_;
   bool presented_ = false;

@@ -11,6 +11,8 @@ class QTextBrowser;
 namespace kestrava::platform::qt {
 
 class TextViewer : public StationWindow {
+  Q_OBJECT
+
  public:
   static constexpr std::string_view kName = "frmViewer";
 

@@ -31,6 +31,8 @@ std::string FromQt(const QString& text);
 /// A list with columns that logic fills through ListControl. Column 0 is narrow and stays empty. A heading that logic
 /// adds is an ordinary first row, so the widget shows none of its own.
 class ListWidget : public QTreeWidget, public ListControl {
+  Q_OBJECT
+
  public:
   /// @param columns  names of all columns, column 0 too
   explicit ListWidget(const std::vector<std::string>& columns, QWidget* parent = nullptr);

@@ -1,0 +1,17 @@
+// The application object of the program. The last net under all handlers: a fault that leaves one is told like any
+// other, and never ends the process.
+#pragma once
+
+#include <QApplication>
+
+namespace kestrava::platform::qt {
+
+class StationApplication : public QApplication {
+  Q_OBJECT
+
+ public:
+  StationApplication(int& argc, char** argv);
+  bool notify(QObject* receiver, QEvent* event) override;
+};
+
+}  // namespace kestrava::platform::qt
