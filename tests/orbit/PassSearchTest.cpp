@@ -371,6 +371,16 @@ TEST(PassSearch, FindsWhatSteppingFindsOnRealOrbits) {
   }
 }
 
+TEST(PassSearch, FindsWhatSteppingFindsAtThePolesAndOnAPeak) {
+  for (const Observer& observer : {Observer{90, 0, 0}, Observer{-90, 123, 2835}, Observer{27.99, 86.93, 8849}}) {
+    SCOPED_TRACE("latitude " + std::to_string(observer.latitudeDeg));
+    for (const auto& [number, satellite] : Satellites()) {
+      SCOPED_TRACE(number);
+      ExpectSameAsStepping(satellite, observer, satellite.IsDeepSpace() ? 60 : 15, 1);
+    }
+  }
+}
+
 TEST(PassSearch, FindsWhatSteppingFindsOnOrbitsOfAllShapes) {
   std::cout << "seed " << kSeed << "\n";
   std::mt19937 random(kSeed);
