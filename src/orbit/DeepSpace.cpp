@@ -68,7 +68,9 @@ bool NodeRateMatters(double inclination) {
   return inclination >= kThreeDegrees && inclination <= kHalfTurn - kThreeDegrees;
 }
 
-/// The terms of one body: the coefficients of its periodics are returned, its rates are added to `rates`.
+/// The terms of one body: the coefficients of its periodics are returned, its rates are added to `rates`. One piece, as
+/// published: a reader compares it with the paper line by line.
+// NOLINTNEXTLINE(readability-function-size)
 BodyPeriodics TermsOf(const BodyOrbit& b, const SatelliteOrbit& sat, LunisolarRates& rates) {
   const double e = sat.eccentricity, ee = sat.eccentricitySquared;
   const double a1 = b.cosg * b.cosh + b.sing * b.cosi * b.sinh;

@@ -1,6 +1,8 @@
 #include "orbit/ElementReader.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -58,7 +60,7 @@ bool IsElementLine(std::string_view line, char number) {
   return line.size() > 1 && line[0] == number && (line[1] == ' ' || line[1] == '\t');
 }
 
-bool ChecksumIsRight(std::string_view line) {
+bool ChecksumIsRight(const std::array<char, kLineLength>& line) {
   int sum = 0;
   for (std::size_t i = 0; i + 1 < kLineLength; ++i) {
     const char c = line[i];
@@ -70,26 +72,27 @@ bool ChecksumIsRight(std::string_view line) {
 
 /// Serial day of 1 January, for the years that two digits can tell (1957 to 2056).
 double SerialOfNewYear(int year) {
-  return 2 + 365 * (year - 1900) + (year - 1901) / 4;
+  const int leapDays = (year - 1901) / 4;
+  return 2 + 365 * (year - 1900) + leapDays;
 }
 
 /// Reads one set; what is wrong with it, if anything, stands in `fault` afterwards.
 class SetReader {
  public:
   SetReader(std::string_view line1, std::string_view line2, const ReaderRules& rules) {
-    const std::string_view lines[] = {line1, line2};
+    const std::array<std::string_view, 2> lines = {line1, line2};
     if (rules.insistOnLength ? line1.size() != kLineLength || line2.size() != kLineLength
                              : line1.size() < kShortestLine1 || line2.size() < kShortestLine2) {
       fault = "wrong length";
       return;
     }
     for (std::size_t i = 0; i < 2; ++i) {
-      std::memset(padded_[i], ' ', kLineLength);
-      std::memcpy(padded_[i], lines[i].data(), std::min(lines[i].size(), kLineLength));
-      std::replace(padded_[i], padded_[i] + kLineLength, '\t', ' ');
+      std::array<char, kLineLength>& padded = padded_[i];
+      padded.fill(' ');
+      std::memcpy(padded.data(), lines[i].data(), std::min(lines[i].size(), kLineLength));
+      std::replace(padded.begin(), padded.end(), '\t', ' ');
     }
-    if (rules.insistOnChecksums &&
-        !(ChecksumIsRight({padded_[0], kLineLength}) && ChecksumIsRight({padded_[1], kLineLength}))) {
+    if (rules.insistOnChecksums && !(ChecksumIsRight(padded_[0]) && ChecksumIsRight(padded_[1]))) {
       fault = "wrong checksum";
       return;
     }
@@ -103,8 +106,8 @@ class SetReader {
 
  private:
   /// Columns counted from 1, as the format's own descriptions count them.
-  std::string_view Field(int line, std::size_t first, std::size_t last) const {
-    return {padded_[line - 1] + first - 1, last - first + 1};
+  std::string_view Field(std::size_t line, std::size_t first, std::size_t last) const {
+    return {&padded_[line - 1][first - 1], last - first + 1};
   }
   template <class T>
   T Need(const std::optional<T>& value) {
@@ -128,7 +131,7 @@ class SetReader {
     const int year = shortYear >= kFirstOfLastCentury ? 1900 + shortYear : 2000 + shortYear;
     const std::string_view dayText = Field(1, 21, 32);
     const std::size_t point = dayText.find('.');
-    const double wholeDay = static_cast<double>(static_cast<int>(day));
+    const double wholeDay = std::floor(day);
     set.epoch.wholeDays = SerialOfNewYear(year) + wholeDay - 1;
     set.epoch.dayFraction = point == std::string_view::npos ? 0 : Optional(dayText.substr(point));
     set.meanMotionDotRevPerDay2 = Optional(Field(1, 34, 43));
@@ -157,7 +160,7 @@ class SetReader {
     if (!(set.meanMotionRevPerDay > 0)) fault = "no mean motion";
   }
 
-  char padded_[2][kLineLength];
+  std::array<std::array<char, kLineLength>, 2> padded_;
 };
 
 bool HasHighBytes(std::string_view text) {
