@@ -5,6 +5,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/Text.h"
 
 namespace kestrava::platform {
 
@@ -17,7 +18,8 @@ std::set<std::string>& Told() {
 }
 
 void Tell(const std::string& what, const std::string& fault, Untrapped kind) {
-  const std::string sentence = what + " could not be done: " + fault + ".";
+  std::string sentence = what + " could not be done: " + fault + ".";
+  sentence.replace(0, 1, ToCapitals(sentence.substr(0, 1)));
   if (!Told().insert(sentence).second) return;
   TheMessages().Show(sentence + "\n\nEverything stays as it was before, and you can go on. If this happens again, " +
                      "please report this message with the file error.log of your data folder.");

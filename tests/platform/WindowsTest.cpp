@@ -161,7 +161,7 @@ TEST_F(Registry, SpeechGoesOnWhereTheLauncherCannotBeMade) {
 TEST_F(UntrappedFaults, AClickTellsItsFaultEachTime) {
   messages.ExpectMessage("The listing of groups could not be done: Overflow (fault 6)");
   messages.ExpectMessage("Overflow");
-  const auto click = [] { return RunUntrapped("The listing of groups", [] { throw Fault::Overflow(); }); };
+  const auto click = [] { return RunUntrapped("the listing of groups", [] { throw Fault::Overflow(); }); };
   EXPECT_FALSE(click());
   EXPECT_FALSE(click());
   EXPECT_TRUE(RunUntrapped("The listing of groups", [] {}));

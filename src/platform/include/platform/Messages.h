@@ -24,7 +24,7 @@ enum class Untrapped { kClick, kTick };
 
 /// Runs the body of a click or tick that has no trap of its own: an untrapped fault shows one message that names the
 /// fault, and the window stays as it was. While that message stands no second one of its kind is shown.
-/// @param what  what the user was doing, as the message begins: "The listing of groups"
+/// @param what  what was being done, as the message begins: "the listing of groups"; its first letter is made a capital
 /// @return false if it failed
 bool RunUntrapped(std::string_view what, const std::function<void()>& body, Untrapped kind = Untrapped::kClick);
 
