@@ -7,7 +7,6 @@
 
 #include "orbit/Angles.h"
 #include "orbit/OrbitEngine.h"
-#include "orbit/SunMoon.h"
 #include "orbit/TimeHelpers.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
@@ -135,6 +134,9 @@ bool IsVisibleByEye(double sunElevationDeg, bool sunlit, double satelliteElevati
 }
 
 double PhaseOn255(double fraction) {
+  const double hundredths = fraction * 25500;
+  // Far from a half, rounding is rounding; near one the digits of the text decide.
+  if (std::abs(hundredths - std::floor(hundredths) - 0.5) > 1e-6) return std::round(hundredths) / 100;
   return platform::ParseNumber(platform::Format(fraction * 255, "0.00"));
 }
 
@@ -173,24 +175,67 @@ SerialDate NextLOS(const Sky& sky, std::string_view name) {
 
 namespace {
 
-constexpr double kMinutesPerDay = platform::kMinutesPerDay;
+constexpr int kMinutesPerDay = 1440;
 /// Every place on the Earth has sunrises and sunsets within a year: only damaged numbers get here.
-constexpr int kMostMinutes = 400 * 1440;
-constexpr double kDeclinationBoundDegPerDay = 0.41;  // the Sun's own way north or south, at the equinoxes
-constexpr double kCulminationMarginDeg = 0.02;       // parallax, and what the Sun moves within half a day
+constexpr int kMostMinutes = 400 * kMinutesPerDay;
 
-/// Minutes that pass at the least until the Sun, now at the result block's place, can stand at elevation 0.
-/// @param direction  1: it is below and a rise is looked for; -1: it is above and a set is looked for
+// How far the Sun can be from where it is foretold. Its own way north or south is at most 0.41 degrees a day (at the
+// equinoxes), the equation of time changes by at most half a minute a day, and parallax, below 0.003 degrees, is nearly
+// the same all day.
+constexpr double kDeclinationBoundDegPerDay = 0.41;
+constexpr double kForetoldErrorDegPerDay = kDeclinationBoundDegPerDay + 0.13;
+constexpr double kForetoldErrorDeg = 0.002;
+constexpr double kTurnDegPerMinute = 0.25;
+
+/// The Sun as the result block has it, seen from the engine's observer: what foretells its elevation.
+class ForetoldSun {
+ public:
+  explicit ForetoldSun(const Sky& sky)
+      : latDeg_(sky.engine.ObserverLatitude()),
+        declinationDeg_(sky.tables.result.SatLat),  // the latitude at which it stands in the zenith
+        hourAngleDeg_(sky.engine.ObserverLongitude() - (360 - sky.tables.result.SatLon)),
+        sines_(std::sin(DegToRad(latDeg_)) * std::sin(DegToRad(declinationDeg_))),
+        cosines_(std::cos(DegToRad(latDeg_)) * std::cos(DegToRad(declinationDeg_))),
+        parallaxSine_(std::sin(DegToRad(sky.tables.result.SatEl)) - SineAfter(0)) {}
+
+  /// Degrees by which the Sun, at its highest (direction 1) or lowest (-1), stays on the wrong side of the horizon.
+  double DegreesShort(int direction) const { return std::abs(latDeg_ - direction * declinationDeg_) - 90; }
+
+  /// Minutes, up to a day, for which it must stay on the wrong side of the horizon. The sine of the elevation never
+  /// changes faster than the Earth turns, so whole stretches are taken at once.
+  int MinutesShort(int direction) const {
+    int minutes = 1;
+    while (minutes <= kMinutesPerDay) {
+      const double errorDeg = kForetoldErrorDeg + kForetoldErrorDegPerDay * minutes / kMinutesPerDay;
+      const double marginDeg = RadToDeg(-direction * (SineAfter(minutes) + parallaxSine_)) - errorDeg;
+      if (marginDeg < 0) break;
+      minutes += 1 + static_cast<int>(marginDeg / (kTurnDegPerMinute + kForetoldErrorDegPerDay / kMinutesPerDay));
+    }
+    return std::min(minutes - 1, kMinutesPerDay);
+  }
+
+ private:
+  /// Sine of the elevation, declination held, parallax left out.
+  double SineAfter(int minutes) const {
+    return sines_ + cosines_ * std::cos(DegToRad(hourAngleDeg_ + kTurnDegPerMinute * minutes));
+  }
+
+  double latDeg_;
+  double declinationDeg_;
+  double hourAngleDeg_;
+  double sines_;
+  double cosines_;
+  double parallaxSine_;
+};
+
+/// Minutes for which the Sun cannot come to stand above (direction 1) or below (-1) the horizon.
 int MinutesRuledOut(const Sky& sky, int direction) {
-  const double awayDeg = -direction * sky.tables.result.SatEl;
-  if (std::isnan(awayDeg)) return kMostMinutes;
-  if (awayDeg <= 0) return 0;
-  const double latDeg = sky.engine.ObserverLatitude();
-  const double byTurnMin = awayDeg / SunElevationRateBoundDegPerMin(latDeg);
-  // Where the Sun does not even reach the horizon at its highest or lowest, only its way north or south counts.
-  const double highestOrLowestDeg = 90 - std::abs(latDeg - direction * sky.tables.result.SatLat);
-  const double byYearMin = (-highestOrLowestDeg - kCulminationMarginDeg) / kDeclinationBoundDegPerDay * kMinutesPerDay;
-  return static_cast<int>(std::floor(std::clamp(std::max(byTurnMin, byYearMin), 0.0, double{kMostMinutes})));
+  if (std::isnan(sky.tables.result.SatEl)) return kMostMinutes;
+  const ForetoldSun sun(sky);
+  // Where it does not reach the horizon for days on end, only its way north or south counts.
+  const double days = (sun.DegreesShort(direction) - 5 * kForetoldErrorDeg) / kDeclinationBoundDegPerDay;
+  if (days < 1) return sun.MinutesShort(direction);
+  return static_cast<int>(std::min(days * kMinutesPerDay, double{kMostMinutes}));
 }
 
 /// Steps the Sun minute by minute until it stands above (direction 1) or below (-1) the horizon, passing over minutes

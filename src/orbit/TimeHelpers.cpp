@@ -22,13 +22,13 @@ SerialDate WholeSeconds(SerialDate date) {
   return platform::MakeSerial(platform::SplitSerial(date));
 }
 
-/// Minutes to be added to local time. Hour and minute are those of the difference's size, so its sign is put back.
+/// Minutes to be added to local time. Hour and minute are those of the difference's size, so its sign is put back. The
+/// difference is taken before either clock is rounded to whole seconds: they could fall to different sides.
 int OffsetMinutes() {
   const platform::ClockReading now = platform::TheClock().Read();
-  const SerialDate utc = WholeSeconds(now.utc);
-  const SerialDate local = WholeSeconds(now.local);
-  const int minutes = platform::HourOf(utc - local) * 60 + platform::MinuteOf(utc - local);
-  return utc < local ? -minutes : minutes;
+  const SerialDate difference = now.utc - now.local;
+  const int minutes = platform::HourOf(difference) * 60 + platform::MinuteOf(difference);
+  return difference < 0 ? -minutes : minutes;
 }
 
 int DaysBeforeMonth(std::string_view month) {

@@ -1,6 +1,12 @@
 #include "platform/Format.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
 
 #include "platform/Doors.h"
 
@@ -122,7 +128,42 @@ class NumberWriter {
   std::string out_;
 };
 
+/// The number of zeros that a text consists of; none if it holds anything else.
+std::optional<std::size_t> CountZeros(std::string_view text) {
+  if (text.find_first_not_of('0') != std::string_view::npos) return {};
+  return text.size();
+}
+
+void AppendDigits(std::string& out, long number, std::size_t width) {
+  const std::string digits = std::to_string(number);
+  if (digits.size() < width) out.append(width - digits.size(), '0');
+  out += digits;
+}
+
+/// The short way for patterns of zeros and a point ("000.00") and numbers of ordinary size, which every tick of the map
+/// takes many times. Left to the long way: whatever is so near a half that only its digits tell how it rounds.
+std::optional<std::string> FormatZeros(double value, std::string_view pattern) {
+  constexpr std::array<double, 4> kScales{1, 10, 100, 1000};
+  constexpr double kLargest = 1e8;
+  const std::size_t point = std::min(pattern.find('.'), pattern.size());
+  const auto wholePlaces = CountZeros(pattern.substr(0, point));
+  const auto fractionPlaces = CountZeros(pattern.substr(std::min(point + 1, pattern.size())));
+  if (!wholePlaces || !fractionPlaces || *wholePlaces == 0 || *fractionPlaces >= kScales.size()) return {};
+  const double scale = kScales[*fractionPlaces];
+  const double scaled = value * scale;
+  if (!(value >= 0 && scaled < kLargest) || std::abs(scaled - std::floor(scaled) - 0.5) < 1e-6) return {};
+  const auto rounded = static_cast<long>(scaled + 0.5);
+  const auto scaleWhole = static_cast<long>(scale);
+  std::string text;
+  AppendDigits(text, rounded / scaleWhole, *wholePlaces);
+  if (point == pattern.size()) return text;
+  text += TheLocale().DecimalSign();
+  if (*fractionPlaces > 0) AppendDigits(text, rounded % scaleWhole, *fractionPlaces);
+  return text;
+}
+
 std::string FormatNumber(double value, std::string_view pattern) {
+  if (auto text = FormatZeros(value, pattern)) return std::move(*text);
   const NumberPattern places = ReadPattern(pattern);
   Decimal number = ToDecimal(value);
   RoundToPlaces(number, places.fractionPlaces);
@@ -131,12 +172,6 @@ std::string FormatNumber(double value, std::string_view pattern) {
 
 char Lower(char c) {
   return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-void AppendPadded(std::string& out, int number, std::size_t width) {
-  const std::string digits = std::to_string(number);
-  if (digits.size() < width) out.append(width - digits.size(), '0');
-  out += digits;
 }
 
 /// The part of a date that a run of one pattern letter stands for.
@@ -170,7 +205,7 @@ std::string FormatTime(SerialDate value, std::string_view pattern) {
     std::size_t run = i;
     while (run < pattern.size() && Lower(pattern[run]) == letter) ++run;
     const int part = PartFor(letter, before == 'h', parts);
-    AppendPadded(out, letter == 'y' && run - i <= 2 ? part % 100 : part, run - i);
+    AppendDigits(out, letter == 'y' && run - i <= 2 ? part % 100 : part, run - i);
     before = letter;
     i = run;
   }

@@ -51,6 +51,15 @@ TEST_F(TimeHelpers, TheOffsetHoldsWholeMinutesOnly) {
   EXPECT_EQ(SplitSerial(LocalToUTC(MakeSerial(kSummer))), (DateParts{2024, 7, 3, 11, 0, 0}));
 }
 
+TEST_F(TimeHelpers, TheOffsetHoldsAtEveryFractionOfASecond) {
+  clock.SetOffsetHours(2);
+  const platform::SerialDate noon = MakeSerial(kSummer);
+  for (int microsecond = 499000; microsecond < 501000; ++microsecond) {
+    clock.SetUtc(noon + microsecond * 1e-6 / platform::kSecondsPerDay);
+    ASSERT_EQ(LocalToUTC(noon), noon - 2.0 / 24) << microsecond;
+  }
+}
+
 TEST_F(TimeHelpers, BothClocksGiveWholeSeconds) {
   clock.SetOffsetHours(-3.5);
   clock.SetUtc(MakeSerial({2024, 6, 1, 1, 2, 3}) + 0.3 / platform::kSecondsPerDay);
