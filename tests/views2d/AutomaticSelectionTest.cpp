@@ -1,5 +1,6 @@
 // When a tick of the map changes the selected satellite by itself.
 #include <algorithm>
+#include <cmath>
 
 #include "PlotFixture.h"
 
@@ -36,7 +37,7 @@ TEST_F(AutomaticSelection, KeepsASatelliteAtThreeDegreesHoweverHighAnotherStands
   eventLoop.AtYield(2, [&] { Fave(1).El = 3.0; });
   Tick();
   EXPECT_TRUE(host.selected.empty());
-  eventLoop.AtYield(2, [&] { Fave(1).El = 2.999; });
+  eventLoop.AtYield(2, [&] { Fave(1).El = std::nextafter(3.0, 0.0); });
   Tick();
   EXPECT_EQ(host.selected, Numbers{2});
 }

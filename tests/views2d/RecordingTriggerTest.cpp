@@ -104,6 +104,18 @@ TEST_F(RecordingTrigger, TheThresholdIsComparedWithWholeDegreesRoundedDown) {
   EXPECT_EQ(recorder.calls, (Texts{"show", "start NOAA 15"}));
 }
 
+TEST_F(RecordingTrigger, AThresholdOfHalfADegreeIsNotReachedAtNineTenthsWhichCountAsZero) {
+  settings.Set("RecWxsat", "1");
+  settings.Set("WxEL", "0.5");
+  SetFavourites({kNoaa});
+  TickAt(kNoaa, 0.9);
+  EXPECT_EQ(recorder.calls, Texts{});
+  TickAt(kNoaa, 1.1);
+  EXPECT_EQ(recorder.calls, (Texts{"show", "start NOAA 15"}));
+  TickAt(kNoaa, 0.9);
+  EXPECT_EQ(recorder.calls.back(), "stop");
+}
+
 TEST_F(RecordingTrigger, WhileOneRecordingRunsNoOtherStarts) {
   settings.Set("RecWxsat", "1");
   SetFavourites({kNoaa});
