@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/qt/QtDoors.h"
+#include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 
 #include "support/House.h"
@@ -24,7 +25,7 @@ std::shared_ptr<std::string> PressInBox(QMessageBox::StandardButton button) {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (box == nullptr) return;
     *text = FromQt(box->windowTitle() + ": " + box->text());
-    testing::SaveShot(*box, "message");
+    testing::SaveShot(*box, SkinIsOn() ? "message-skin" : "message-plain");
     box->button(button)->click();
   });
   return text;
@@ -32,7 +33,9 @@ std::shared_ptr<std::string> PressInBox(QMessageBox::StandardButton button) {
 
 TEST_F(QtDoorsTests, AMessageStandsUntilItIsRead) {
   const auto text = PressInBox(QMessageBox::Ok);
+  ApplyTheme(true);
   QtMessages().Show("3 Keplerian files copied to Floppy disk", "Keplerian Data Transfer");
+  ApplyTheme(false);
   EXPECT_EQ(*text, "Keplerian Data Transfer: 3 Keplerian files copied to Floppy disk");
 }
 

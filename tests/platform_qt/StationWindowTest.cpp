@@ -49,13 +49,10 @@ class TrialWindow : public StationWindow {
 class StationWindowTests : public testing::House {
  protected:
   ~StationWindowTests() override { ApplyTheme(false); }
-  static void Handle() {
-    for (int i = 0; i < 5; ++i) QCoreApplication::processEvents();
-  }
   TrialWindow& Open(std::string_view name) {
     windows->Register(name, [name] { return std::make_unique<TrialWindow>(name); });
     windows->Show(name);
-    Handle();
+    testing::HandleEvents();
     return dynamic_cast<TrialWindow&>(*windows->Find(name));
   }
 };
@@ -90,7 +87,7 @@ TEST_F(StationWindowTests, ComingBackFromAnotherWindowCounts) {
   TrialWindow& first = Open("A");
   Open("B");
   first.activateWindow();
-  Handle();
+  testing::HandleEvents();
   EXPECT_EQ(first.activations, 2);
 }
 
@@ -98,11 +95,11 @@ TEST_F(StationWindowTests, ComingBackFromAnOwnMessageBoxDoesNotCount) {
   TrialWindow& window = Open("A");
   QMessageBox box(QMessageBox::Information, "Kestrava", "Read this", QMessageBox::Ok, &window);
   box.open();
-  Handle();
+  testing::HandleEvents();
   ASSERT_EQ(QApplication::activeWindow(), &box);
   box.close();
   window.activateWindow();  // as a window manager does
-  Handle();
+  testing::HandleEvents();
   ASSERT_EQ(QApplication::activeWindow(), &window);
   EXPECT_EQ(window.activations, 1);
 }
@@ -112,9 +109,9 @@ TEST_F(StationWindowTests, ComingBackFromAnOwnMenuDoesNotCount) {
   QMenu menu(&window);
   menu.addAction("Entry");
   menu.popup(QPoint(10, 10));
-  Handle();
+  testing::HandleEvents();
   menu.close();
-  Handle();
+  testing::HandleEvents();
   EXPECT_EQ(window.activations, 1);
 }
 
@@ -123,11 +120,11 @@ TEST_F(StationWindowTests, ABoxThatWasLeftForAnotherWindowIsForgotten) {
   QMessageBox box(QMessageBox::Information, "Kestrava", "Read this", QMessageBox::Ok, &first);
   box.setModal(false);
   box.show();
-  Handle();
+  testing::HandleEvents();
   Open("B");
   box.close();
   first.activateWindow();
-  Handle();
+  testing::HandleEvents();
   EXPECT_EQ(first.activations, 2);
 }
 
@@ -136,7 +133,7 @@ TEST_F(StationWindowTests, AFaultInTheActivationIsShownAndTheWindowStays) {
   TrialWindow window;
   window.fails = true;
   window.Show();
-  Handle();
+  testing::HandleEvents();
   EXPECT_TRUE(window.IsVisible());
 }
 
@@ -190,7 +187,7 @@ TEST_F(StationWindowTests, ThePlaceIsReadAndWrittenInTheSameSense) {
   EXPECT_EQ(window.Place(), place);
   EXPECT_EQ(window.geometry(), QRect(100, 200, 400, 300));
   window.Show();
-  Handle();
+  testing::HandleEvents();
   EXPECT_EQ(window.Place(), place);
 }
 

@@ -130,7 +130,7 @@ TEST_F(WidgetTests, AButtonsFocusCanBeSeen) {
     layout.addWidget(&second);
     window.show();
     window.activateWindow();
-    QCoreApplication::processEvents();
+    testing::HandleEvents();
     second.setFocus();
     const QImage without = testing::Grab(first);
     first.setFocus();

@@ -1,10 +1,14 @@
-// Pictures of widgets for a human eye: written where KESTRAVA_SHOTS names a folder, nowhere otherwise.
+// Helpers for tests with windows. Pictures of widgets are for a human eye: written where KESTRAVA_SHOTS names a folder,
+// nowhere otherwise.
 #pragma once
 
 class QImage;
 class QWidget;
 
 namespace kestrava::testing {
+
+/// Handles all events that are under way. On a real desktop its window manager is given a moment to answer.
+void HandleEvents();
 
 /// The widget as it would stand on the screen.
 QImage Grab(QWidget& widget);

@@ -6,12 +6,15 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QMimeDatabase>
+#include <QPainter>
 #include <QProcess>
 #include <QStandardPaths>
 #include <QTime>
 #include <QUrl>
 
+#include "platform/qt/Fonts.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::platform::qt {
@@ -19,10 +22,34 @@ namespace {
 
 constexpr int kAskHandlerMs = 2000;
 
-int Ask(std::string_view text, std::string_view title, QMessageBox::Icon icon, QMessageBox::StandardButtons buttons) {
+constexpr int kIconPx = 40;
+
+/// A round sign with one letter, in the tones of the look that holds.
+QPixmap Sign(QChar letter, double scale) {
+  const QPalette palette = QApplication::palette();
+  const QColor disc = SkinIsOn() ? Tones().accent : palette.color(QPalette::Highlight);
+  QPixmap pixmap(static_cast<int>(kIconPx * scale), static_cast<int>(kIconPx * scale));
+  pixmap.setDevicePixelRatio(scale);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setBrush(disc);
+  painter.setPen(Qt::NoPen);
+  painter.drawEllipse(QRectF(1, 1, kIconPx - 2, kIconPx - 2));
+  QFont font = InterfaceFont();
+  font.setPixelSize(kIconPx * 5 / 8);
+  font.setBold(true);
+  painter.setFont(font);
+  painter.setPen(ReadableOn(disc));
+  painter.drawText(QRectF(0, 0, kIconPx, kIconPx), Qt::AlignCenter, QString(letter));
+  return pixmap;
+}
+
+int Ask(std::string_view text, std::string_view title, QChar sign, QMessageBox::StandardButtons buttons) {
   const QtEventLoop::Busy busy;
-  QMessageBox box(icon, ToQt(title), ToQt(text), buttons, QApplication::activeWindow());
+  QMessageBox box(QMessageBox::NoIcon, ToQt(title), ToQt(text), buttons, QApplication::activeWindow());
   box.setObjectName("MessageBox");
+  box.setIconPixmap(Sign(sign, box.devicePixelRatioF()));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
   return box.exec();
@@ -58,11 +85,11 @@ QUrl UrlOf(const QString& target) {
 }  // namespace
 
 void QtMessages::Show(std::string_view text, std::string_view title) {
-  Ask(text, title, QMessageBox::Information, QMessageBox::Ok);
+  Ask(text, title, 'i', QMessageBox::Ok);
 }
 
 bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
-  return Ask(text, title, QMessageBox::Question, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+  return Ask(text, title, '?', QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
 bool QtOpener::Open(std::string_view target) {
