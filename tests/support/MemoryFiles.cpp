@@ -125,6 +125,7 @@ void MemoryFiles::RenameFolder(const std::string& from, const std::string& to) {
 
 void MemoryFiles::Copy(const Path& from, const Path& to) {
   const Entry source = Existing(from);
+  if (!FolderExists(to.lexically_normal().parent_path())) throw Fault::DiskNotReady();
   Replace(to, Read(from));
   Find(to)->second.modifiedUtc = source.modifiedUtc;
 }
