@@ -58,6 +58,13 @@ TEST_F(Locations, AnythingButOneInFrontMeansNotOnTheMapAndIsDroppedFromTheName) 
   EXPECT_EQ(Row(1).Name, "ome");
 }
 
+TEST_F(Locations, ALineThatBeginsWithASemicolonIsAllName) {
+  Put("Locations.dat", ";1.5;51.25;30\n");
+  LoadLocations(tables);
+  EXPECT_EQ(Row(1).Name, "1.5;51.25;30") << "the first word does not see a delimiter in front of all else";
+  EXPECT_EQ(Row(1).Longitude, "1.5");
+}
+
 TEST_F(Locations, AFileOfAPointMachineIsReadOnACommaMachineAndComesOutWithCommas) {
   locale.UseComma();
   Put("Locations.dat", "1Home;1.5;51.25;30\n");
