@@ -9,15 +9,16 @@ thread_local bool counting = false;
 thread_local int allocations = 0;
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Not inlined: gcc takes an inlined free() for the end of a block that the library's own operator new made.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   if (counting) ++allocations;
   if (void* memory = std::malloc(size == 0 ? 1 : size)) return memory;
   throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept {
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
   std::free(memory);
 }
-void operator delete(void* memory, std::size_t) noexcept {
+[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept {
   std::free(memory);
 }
 
