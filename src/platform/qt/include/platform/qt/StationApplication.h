@@ -1,5 +1,6 @@
 // The application object of the program. The last net under all handlers: a fault that leaves one is told like any
-// other, and never ends the process.
+// other, and never ends the process. Slots trap their own (RunUntrapped): the toolkit is not made for being unwound and
+// may leave a little memory behind.
 #pragma once
 
 #include <QApplication>
