@@ -1,0 +1,88 @@
+// The launcher's logic: its load, its activation, its clock rule and its end. The window forwards its events to it and
+// shows what it says; the window is the hub of the run, and its end is the end of the run.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "orbit/Tables.h"
+#include "platform/Fault.h"
+#include "platform/Speech.h"
+#include "shell/FatalFault.h"
+#include "shell/LauncherView.h"
+
+namespace kestrava::orbit {
+class OrbitEngine;
+}
+
+namespace kestrava::shell {
+
+/// What main hands to the launcher: where things are, and how they are made.
+struct LauncherSetup {
+  std::string dataFolder;    ///< the user's folder, absolute
+  std::string settingsFile;  ///< for messages
+  std::function<std::unique_ptr<orbit::OrbitEngine>()> makeEngine;
+  std::function<std::unique_ptr<platform::SpeechEngine>()> makeSpeech;
+  std::function<void()> endProcess;  ///< at once, when the windows refuse to close
+  ShippedFiles* shipped = nullptr;
+};
+
+class Launcher {
+ public:
+  Launcher(LauncherView& view, orbit::Tables& tables, LauncherSetup setup);
+  ~Launcher();
+
+  /// The window's load: fifteen steps, each trapped for itself with "Main Form Load". A missing groups.dat unloads the
+  /// window, but the load goes on to its end all the same.
+  void Load();
+
+  /// Tables, voice and observer. Faults are logged with "LauncherLoadAllSettings".
+  void LauncherLoadAllSettings();
+
+  /// Every activation of the window: age of the elements, observer, sunrise and sunset, GPS names, splash, clock.
+  /// @throws platform::Fault untrapped: that is the end of the run, see ReportFatal
+  void Activate();
+
+  /// Every second: the launcher's clock shows only while the launcher is alone.
+  void Timer1Tick();
+
+  /// Opens the link of cust2.dat.
+  void CustomiseClick();
+
+  /// Takes all other windows along, or ends the process at once where they refuse.
+  void QueryUnload();
+
+  /// Recordings, engines, recorder: the last that happens.
+  void Unload();
+
+  /// Puts a fault of the activation into words, with the file or the value that it was about.
+  FatalReport DescribeFault(const platform::Fault& fault) const;
+
+ private:
+  void MakeSpeech();
+  void FindAppDir();
+  void LoadCustomFiles();
+  void Greet();
+  void OnLoadFault(const platform::Fault& fault);
+  template <class Statement>
+  void OnLoad(Statement&& statement);
+  void ShowElementAge();
+  void SetObserver();
+  void ShowSunTimes();
+  void ShowClockMode();
+  double ReadAngle(std::string_view key);
+
+  LauncherView& view_;
+  orbit::Tables& tables_;
+  LauncherSetup setup_;
+  std::string edition_;
+  std::unique_ptr<orbit::OrbitEngine> ownEngine_;
+  std::unique_ptr<platform::SpeechEngine> speech_;
+  platform::SpeechEngine* earlierSpeech_ = nullptr;
+  std::string customTarget_;
+  FatalReport atWork_;  ///< what the activation is about at this moment, for a fault
+};
+
+}  // namespace kestrava::shell
