@@ -1,0 +1,253 @@
+#include "shell/ui/LauncherWindow.h"
+
+#include <QLabel>
+#include <QVBoxLayout>
+
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "platform/qt/Fonts.h"
+#include "platform/qt/LedClockWidget.h"
+#include "platform/qt/SkinButton.h"
+#include "platform/qt/Widgets.h"
+#include "shell/FloppyTransfer.h"
+#include "shell/Menus.h"
+#include "shell/Shutdown.h"
+#include "shell/ui/MenuWindow.h"
+
+#include "PictureLink.h"
+
+namespace kestrava::shell::ui {
+
+using platform::qt::ArrayName;
+using platform::qt::FontByName;
+using platform::qt::Named;
+using platform::qt::ToQt;
+using platform::qt::TwipsToPixels;
+
+namespace {
+
+constexpr int kPanelWidthTwips = 2415;
+constexpr int kPanelHeightTwips = 8130;
+constexpr int kTimer1Ms = 1000;
+constexpr int kTextPoints = 8;
+constexpr int kGapPixels = 6;
+
+}  // namespace
+
+LauncherWindow::LauncherWindow(LauncherSetup setup)
+    : StationWindow(kLauncherName), shipped_(setup.shipped), launcher_(*this, orbit::TheTables(), std::move(setup)) {
+  BuildUi();
+  ConnectSignals();
+  Refresh();
+}
+
+LauncherWindow::~LauncherWindow() = default;
+
+void LauncherWindow::BuildUi() {
+  setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
+                 Qt::WindowCloseButtonHint);
+  setWindowTitle(ToQt(platform::kProgramTitle));
+  setFont(FontByName("Arial", kTextPoints, false));
+  const ButtonPlace first = PlaceOfButton(0);
+  auto* column = new QVBoxLayout(this);
+  const int side = TwipsToPixels(first.left);
+  column->setContentsMargins(side, side, side, side);
+  column->setSpacing(0);
+  BuildHead(*column);
+  BuildButtons(*column);
+  BuildFoot(*column);
+}
+
+/// Everything above the first button, in the height that the column of buttons leaves it.
+void LauncherWindow::BuildHead(QVBoxLayout& column) {
+  auto* head = new QWidget(this);
+  auto* rows = new QVBoxLayout(head);
+  rows->setContentsMargins(0, 0, 0, kGapPixels);
+  rows->setSpacing(2);
+  QLabel* version = MakeLabel(LauncherLabel::kVersion, 1);
+  version->setFont(FontByName("Arial", kTextPoints, true));
+  picture_ = Named(new PictureLink(head), "PBCustomise", "Picture and link of your own");
+  rows->addWidget(picture_, 1);
+  rows->addWidget(version);
+  head->setFixedHeight(TwipsToPixels(PlaceOfButton(0).top) - TwipsToPixels(PlaceOfButton(0).left));
+  column.addWidget(head);
+}
+
+void LauncherWindow::BuildButtons(QVBoxLayout& column) {
+  int row = 0;
+  for (const LauncherButton& entry : LauncherButtons()) {
+    const ButtonPlace place = PlaceOfButton(row);
+    const QString caption = ToQt(entry.caption);
+    auto* button = Named(new platform::qt::SkinButton(caption, this), ArrayName("BUTmenu", entry.index), caption);
+    button->setFont(FontByName("Arial", kTextPoints, false));
+    button->setMinimumSize(TwipsToPixels(place.width), TwipsToPixels(place.height));
+    column.addWidget(button);
+    column.addSpacing(TwipsToPixels(PlaceOfButton(row + 1).top - place.top - place.height));
+    connect(button, &QAbstractButton::clicked, this, [this, index = entry.index] { ClickMenuButton(index); });
+    ++row;
+  }
+}
+
+void LauncherWindow::BuildFoot(QVBoxLayout& column) {
+  column.addSpacing(kGapPixels);
+  column.addWidget(MakeLabel(LauncherLabel::kKepAge, 3));
+  column.addSpacing(kGapPixels);
+  column.addWidget(MakeLabel(LauncherLabel::kSunrise, 2));
+  column.addWidget(MakeLabel(LauncherLabel::kSunshine, 1));
+  column.addStretch(1);
+  column.addWidget(MakeLabel(LauncherLabel::kClock, 1));
+  clock_ = Named(new platform::qt::LedClockWidget(this), "LEDclockLocal", "Clock");
+  QSizePolicy keepsItsPlace = clock_->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  clock_->setSizePolicy(keepsItsPlace);
+  column.addWidget(clock_, 0, Qt::AlignHCenter);
+  column.addStretch(1);
+  column.addWidget(MakeLabel(LauncherLabel::kCredit, 2));
+}
+
+/// A centred label that keeps room for so many lines, so that nothing moves when its text changes.
+QLabel* LauncherWindow::MakeLabel(LauncherLabel which, int lines) {
+  const LabelStart start = StartOf(which);
+  auto* label = Named(new QLabel(ToQt(start.text), this), ToQt(start.objectName));
+  label->setAlignment(Qt::AlignCenter);
+  label->setWordWrap(lines > 1);
+  label->setMinimumHeight(lines * label->fontMetrics().lineSpacing() + 2);
+  labels_[which] = label;
+  return label;
+}
+
+void LauncherWindow::ConnectSignals() {
+  connect(picture_, &QAbstractButton::clicked, this,
+          [this] { platform::RunUntrapped("Opening the link", [this] { launcher_.CustomiseClick(); }); });
+  timer1_ = platform::TheEventLoop().MakeTimer(kTimer1Ms, [this] { launcher_.Timer1Tick(); });
+  timer1_->SetEnabled(true);
+}
+
+void LauncherWindow::Refresh() {
+  for (const LauncherButton& entry : LauncherButtons()) {
+    auto* button = findChild<QAbstractButton*>(ArrayName("BUTmenu", entry.index));
+    button->setEnabled(IsUsable(entry, platform::TheWindows()));
+  }
+  ApplySkin();
+  FitPanel();
+}
+
+/// The panel's own size, or more where the machine's letters need it.
+void LauncherWindow::FitPanel() {
+  const QSize needed = layout()->totalMinimumSize();
+  const int width = std::max(TwipsToPixels(kPanelWidthTwips), needed.width());
+  setFixedSize(width,
+               std::max({TwipsToPixels(kPanelHeightTwips), needed.height(), layout()->totalHeightForWidth(width)}));
+}
+
+void LauncherWindow::Show() {
+  if (!loaded_) {
+    loaded_ = true;
+    launcher_.Load();
+  }
+  if (!closing_) StationWindow::Show();
+}
+
+void LauncherWindow::OnActivated() {
+  if (closing_) return;
+  try {
+    Refresh();
+    launcher_.Activate();
+    started_ = true;
+  } catch (const platform::Fault& fault) {
+    EndByFault(fault);
+  }
+}
+
+/// One message, then the end of the run in order.
+void LauncherWindow::EndByFault(const platform::Fault& fault) {
+  closing_ = true;
+  ReportFatal(launcher_.DescribeFault(fault), shipped_);
+  started_ = false;
+  launcher_.QueryUnload();
+  platform::TheWindows().Unload(*this);
+}
+
+bool LauncherWindow::MayClose() {
+  if (!closing_) {
+    closing_ = true;
+    launcher_.QueryUnload();
+  }
+  return true;
+}
+
+void LauncherWindow::UnloadSelf() {
+  if (closing_) return;
+  closing_ = true;
+  launcher_.QueryUnload();
+  platform::TheWindows().Unload(*this);
+}
+
+/// The end of this window is the end of the run. A run that never came to work ends with a failure.
+void LauncherWindow::OnUnload() {
+  closing_ = true;
+  timer1_->SetEnabled(false);
+  StationWindow::OnUnload();
+  launcher_.Unload();
+  platform::TheEventLoop().Quit(started_ ? 0 : kFatalExitCode);
+}
+
+void LauncherWindow::ClickMenuButton(int index) {
+  for (const LauncherButton& entry : LauncherButtons()) {
+    if (entry.index != index) continue;
+    platform::RunUntrapped(entry.caption, [&] {
+      switch (entry.action) {
+        case ButtonAction::kPopUp:
+          PopUp(entry.target);
+          break;
+        case ButtonAction::kShow:
+          platform::TheWindows().Show(entry.target);
+          break;
+        case ButtonAction::kShowNew:
+          platform::TheWindows().ShowNew(entry.target);
+          break;
+        case ButtonAction::kFloppyTransfer:
+          TransferElementsToFloppy(orbit::TheTables());
+          break;
+      }
+    });
+  }
+}
+
+void LauncherWindow::PopUp(std::string_view menu) {
+  MenuWindow* menus = MenuWindow::Get();
+  if (!menus) throw platform::Fault::ObjectNotSet();
+  for (const Menu& row : Menus()) {
+    if (row.objectName == menu)
+      menus->PopUp(menu, mapToGlobal(QPoint(width(), height() - TwipsToPixels(row.raiseTwips))));
+  }
+}
+
+void LauncherWindow::SetCaption(std::string_view text) {
+  setWindowTitle(ToQt(text));
+}
+
+void LauncherWindow::SetLabel(LauncherLabel label, std::string_view text) {
+  labels_.at(label)->setText(ToQt(text));
+}
+
+platform::LedClock& LauncherWindow::Clock() {
+  return *clock_;
+}
+
+void LauncherWindow::ShowPicture(std::string_view file) {
+  const std::string bytes = platform::TheFiles().Read(file);
+  QPixmap picture;
+  if (!picture.loadFromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<uint>(bytes.size()))) {
+    throw platform::Fault::InvalidPicture();
+  }
+  picture_->SetPicture(picture);
+}
+
+void LauncherWindow::SetPictureHint(std::string_view text) {
+  picture_->setToolTip(ToQt(text));
+}
+
+}  // namespace kestrava::shell::ui

@@ -1,0 +1,73 @@
+// frmLAUNCHER: the hub of the station, a narrow, tall window that is opened first and stays open for the whole run.
+#pragma once
+
+#include <map>
+#include <memory>
+
+#include "platform/EventLoop.h"
+#include "platform/qt/StationWindow.h"
+#include "shell/Launcher.h"
+
+class QLabel;
+class QVBoxLayout;
+
+namespace kestrava::platform::qt {
+class LedClockWidget;
+}
+
+namespace kestrava::shell::ui {
+
+class PictureLink;
+
+class LauncherWindow : public platform::qt::StationWindow, private LauncherView {
+ public:
+  explicit LauncherWindow(LauncherSetup setup);
+  ~LauncherWindow() override;
+
+  /// The first call loads the window; a load that unloads it shows nothing.
+  void Show() override;
+  void OnUnload() override;
+
+ protected:
+  /// An untrapped fault here is the end of the run.
+  void OnActivated() override;
+  bool MayClose() override;
+
+ private:
+  void BuildUi();
+  void BuildHead(QVBoxLayout& column);
+  void BuildButtons(QVBoxLayout& column);
+  void BuildFoot(QVBoxLayout& column);
+  QLabel* MakeLabel(LauncherLabel which, int lines);
+  void ConnectSignals();
+  void Refresh();
+  void FitPanel();
+  void ClickMenuButton(int index);
+  void PopUp(std::string_view menu);
+  void EndByFault(const platform::Fault& fault);
+
+  void SetCaption(std::string_view text) override;
+  void SetLabel(LauncherLabel label, std::string_view text) override;
+  platform::LedClock& Clock() override;
+  void ShowPicture(std::string_view file) override;
+  void SetPictureHint(std::string_view text) override;
+  void UnloadSelf() override;
+
+  ShippedFiles* shipped_;
+  std::map<LauncherLabel, QLabel*> labels_;
+  platform::qt::LedClockWidget* clock_ = nullptr;
+  PictureLink* picture_ = nullptr;
+  Launcher launcher_;
+  std::unique_ptr<platform::Timer> timer1_;
+  bool loaded_ = false;   ///< the load has begun
+  bool started_ = false;  ///< an activation has come to its end
+  bool closing_ = false;
+};
+
+/// Object names and title of the three windows that belong to it.
+inline constexpr std::string_view kSplashName = "frmSplash";
+inline constexpr std::string_view kMenuName = "frmMenu";
+inline constexpr std::string_view kAboutName = "About";
+inline constexpr std::string_view kSystemInformationName = "SystemInformation";
+
+}  // namespace kestrava::shell::ui
