@@ -1,0 +1,127 @@
+#include "Run.h"
+
+#include <cstdlib>
+#include <exception>
+#include <filesystem>
+#include <memory>
+
+#include "orbit/OrbitEngine.h"
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/linux/MachinePlaces.h"
+#include "platform/linux/PosixFiles.h"
+#include "platform/linux/SystemClock.h"
+#include "platform/linux/XdgSettings.h"
+#include "platform/qt/QtDoors.h"
+#include "platform/qt/QtEventLoop.h"
+#include "platform/qt/Theme.h"
+#include "shell/FatalFault.h"
+#include "shell/ui/LauncherWindow.h"
+#include "store/DataFolder.h"
+#include "store/FirstStart.h"
+
+#include "RegisterWindows.h"
+#include "Shipped.h"
+#include "Tour.h"
+
+namespace kestrava::app {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::string_view kSettingsFolder = "kestrava";
+constexpr std::string_view kSettingsFile = "settings.conf";
+
+/// A damaged settings file is said once, when the windows stand.
+void TellDamagedSettings(const fs::path& setAside) {
+  platform::TheEventLoop().Later([setAside] {
+    platform::TheMessages().Show("The settings could not be read. They have been set aside as " + setAside.string() +
+                                 ", and Kestrava goes on with its first settings.");
+  });
+}
+
+/// Everything of the machine that a run works with. Made once; the windows are gone before it is.
+struct Machine {
+  fs::path settingsFolder = platform::ConfigHome() / kSettingsFolder;
+  platform::SystemClock clock;
+  platform::SystemStopwatch stopwatch;
+  platform::SystemRandom random;
+  platform::PosixFiles files;
+  platform::SilentSpeech silence;
+  platform::XdgSettings settings{settingsFolder, clock, TellDamagedSettings};
+  platform::qt::QtEventLoop eventLoop;
+  platform::qt::QtMessages messages;
+  platform::qt::QtOpener opener;
+  platform::qt::QtLocale locale;
+  std::unique_ptr<platform::Windows> windows = platform::MakeWindows();
+  platform::ScopedDoors doors{Doors()};
+
+  platform::Doors Doors() {
+    return {&clock,    &stopwatch, &locale, &settings, &files,       &eventLoop,
+            &messages, &opener,    &random, &silence,  windows.get()};
+  }
+  ~Machine() { windows.reset(); }
+};
+
+fs::path ProgramFolder() {
+  return QCoreApplication::applicationDirPath().toStdString();
+}
+
+std::string FindDataFolder(const CommandLine& commandLine) {
+  return store::ChooseDataFolder({commandLine.dataFolder, fs::current_path(), ProgramFolder(), platform::DataHome()});
+}
+
+std::optional<store::ZonePlace> PlaceOfTheMachine() {
+  const auto place = platform::MachinePlace();
+  if (!place) return std::nullopt;
+  return store::ZonePlace{place->zone, place->latitudeDeg, place->longitudeEastDeg};
+}
+
+/// Fills a new folder. @return false if it could not, which has been said
+bool PrepareFolder(const fs::path& shipped, const std::string& folder) {
+  try {
+    store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine());
+    return true;
+  } catch (const platform::Fault& fault) {
+    shell::ReportFatal(
+        {fault.what(), "The data folder could not be filled: " + folder,
+         "See that it can be written and that the disk has room, or name another folder with --data.", ""},
+        nullptr);
+    return false;
+  }
+}
+
+shell::LauncherSetup SetupOf(const Machine& machine, const std::string& folder, ShippedData& shipped) {
+  return {folder,
+          (machine.settingsFolder / kSettingsFile).string(),
+          [] { return std::make_unique<orbit::OrbitEngine>(); },
+          [] { return std::make_unique<platform::SilentSpeech>(); },
+          [] { std::_Exit(shell::kFatalExitCode); },
+          &shipped};
+}
+
+}  // namespace
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+  bool handled = false;
+  platform::RunUntrapped("The last step", [&] { handled = QApplication::notify(receiver, event); });
+  return handled;
+}
+
+int Run(const CommandLine& commandLine) {
+  Machine machine;
+  platform::qt::ApplyThemeFromSettings();
+  ShippedData shipped(FindShippedData(ProgramFolder()));
+  const std::string folder = FindDataFolder(commandLine);
+  if (!PrepareFolder(shipped.Folder(), folder)) return shell::kFatalExitCode;
+  const shell::LauncherSetup setup = SetupOf(machine, folder, shipped);
+  const auto names = RegisterWindows(*machine.windows, setup, {setup.settingsFile, shipped.Folder().string()});
+  std::unique_ptr<Tour> tour;
+  if (!commandLine.tourFolder.empty()) tour = std::make_unique<Tour>(commandLine.tourFolder, names);
+  machine.windows->Show(shell::ui::kSplashName);
+  const int exitCode = machine.eventLoop.Run();
+  return tour && !tour->Complete() ? shell::kFatalExitCode : exitCode;
+}
+
+}  // namespace kestrava::app
