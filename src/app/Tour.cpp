@@ -29,6 +29,11 @@ QWidget* Loaded(std::string_view name) {
   return dynamic_cast<QWidget*>(platform::TheWindows().Find(name));
 }
 
+void Say(const QString& line) {
+  std::fputs(qPrintable(line + "\n"), stdout);
+  std::fflush(stdout);
+}
+
 /// The window that was loaded last: the one that ShowNew has just made.
 QWidget* Newest() {
   const auto loaded = platform::TheWindows().Loaded();
@@ -157,8 +162,7 @@ void Tour::TakePicture() {
 bool Tour::Save(QWidget& widget, const QString& picture) {
   const QString file = folder_ + "/" + picture + ".png";
   const bool saved = widget.grab().save(file);
-  std::printf(saved ? "saved %s\n" : "could not save %s\n", qPrintable(file));
-  std::fflush(stdout);
+  Say((saved ? "saved " : "could not save ") + file);
   return saved;
 }
 
@@ -177,7 +181,7 @@ bool Tour::SaveMenusOf(QWidget& window, const QString& picture) {
 
 void Tour::GiveUp() {
   const QString where = stops_.empty() ? "the launcher" : stops_.front().picture;
-  std::printf("the tour ends: %s does not appear\n", qPrintable(where));
+  Say("the tour ends: " + where + " does not appear");
   End(false);
 }
 
