@@ -55,9 +55,13 @@ void RemoveAll(const fs::path& folder, const std::vector<std::string>& names) {
   }
 }
 
+fs::path BesideOf(const fs::path& target) {
+  return target.parent_path() / (target.filename().string() + ".new");
+}
+
 void FillBesideAndRename(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names) {
   platform::Files& files = platform::TheFiles();
-  const fs::path beside = target.parent_path() / (target.filename().string() + ".new");
+  const fs::path beside = BesideOf(target);
   files.MakeFolder(beside);
   RemoveAll(beside, files.List(beside));  // of a first start that was killed
   for (const std::string& name : names) CopyShipped(shipped, beside, name);
@@ -105,6 +109,7 @@ void SeedFolder(const fs::path& shipped, const fs::path& folder) {
     FillBesideAndRename(shipped, target, names);
   } catch (const platform::Fault&) {
     if (!platform::TheFiles().FolderExists(target) || !IsNewFolder(target)) throw;
+    RemoveAll(BesideOf(target), names);
     FillInPlace(shipped, target, names);
   }
 }
