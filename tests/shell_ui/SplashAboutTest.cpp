@@ -106,6 +106,18 @@ TEST_F(SystemInformation, OpensAtTheGraphicsPageWhenAskedForIt) {
   EXPECT_EQ(pages.tabText(pages.currentIndex()), "Graphics");
 }
 
+TEST_F(SystemInformation, LabelsAndFactsStandWholeInTheirColumns) {
+  eventLoop.RunEvent([this] { windows->Show(kSystemInformationName); });
+  Settle();
+  auto& window = dynamic_cast<SystemInformationWindow&>(*windows->Find(kSystemInformationName));
+  for (const auto* page : window.findChildren<QTreeWidget*>()) {
+    for (int row = 0; row < page->topLevelItemCount(); ++row) {
+      const QString label = page->topLevelItem(row)->text(0);
+      EXPECT_LE(page->fontMetrics().horizontalAdvance(label), page->columnWidth(0)) << label.toStdString();
+    }
+  }
+}
+
 TEST_F(SystemInformation, EachPageListsItsFacts) {
   SystemInformationWindow window({"/config/settings.conf", "/shipped"});
   const auto& pages = In<QTabWidget>(window, "tabPages");

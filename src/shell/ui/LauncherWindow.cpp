@@ -123,6 +123,7 @@ void LauncherWindow::ConnectSignals() {
           [this] { platform::RunUntrapped("Opening the link", [this] { launcher_.CustomiseClick(); }); });
   timer1_ = platform::TheEventLoop().MakeTimer(kTimer1Ms, [this] { launcher_.Timer1Tick(); });
   timer1_->SetEnabled(true);
+  findChild<QAbstractButton*>(ArrayName("BUTmenu", 0))->setFocus();
 }
 
 void LauncherWindow::Refresh() {

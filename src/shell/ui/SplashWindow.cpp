@@ -20,6 +20,21 @@ namespace kestrava::shell::ui {
 using platform::qt::Named;
 using platform::qt::ToQt;
 
+namespace {
+
+constexpr QRect kVersionPlace(32, 106, 220, 18);  // dark sky in the picture
+
+/// A picture of the resources in the finest variant that the screen's scale can use.
+QPixmap ScaledPicture(const QString& name, const QString& ending, double scale) {
+  const bool fine = scale > 1.5;
+  const QString variant = scale <= 1 ? "" : (fine ? "@2" : "@15");
+  QPixmap picture(":/pictures/" + name + variant + "." + ending);
+  picture.setDevicePixelRatio(scale <= 1 ? 1 : (fine ? 2 : 1.5));
+  return picture;
+}
+
+}  // namespace
+
 SplashWindow::SplashWindow() : StationWindow(kSplashName) {
   BuildUi();
 }
@@ -28,15 +43,14 @@ void SplashWindow::BuildUi() {
   // A plain window without a frame: one of the splash kind is not activated everywhere, and then the launcher waits.
   setWindowFlags(Qt::Window | Qt::FramelessWindowHint);
   setWindowTitle(ToQt(platform::kProgramTitle));
-  picture_.load(":/pictures/splash.jpg");
+  picture_ = ScaledPicture("splash", "jpg", devicePixelRatioF());
   const QSize size = picture_.isNull() ? QSize(480, 300) : picture_.deviceIndependentSize().toSize();
   setFixedSize(size);
   const QString version = ToQt("Version " + platform::LongVersion());
   auto* label = Named(new QLabel(version, this), "lblVersion", version);
-  label->setFont(platform::qt::FontByName("Arial", 10, true));
+  label->setFont(platform::qt::FontByName("Arial", 10, false));
   label->setStyleSheet("color: #dddddd; background: transparent;");
-  label->adjustSize();
-  label->move(size.width() - label->width() - 16, size.height() - label->height() - 12);
+  label->setGeometry(kVersionPlace);
   if (const QScreen* screen = QGuiApplication::primaryScreen()) {
     move(screen->availableGeometry().center() - rect().center());
   }

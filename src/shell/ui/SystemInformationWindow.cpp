@@ -34,10 +34,10 @@ QTreeWidget* PageWidget(const ReportPage& page) {
   for (const auto& [label, value] : page.lines) {
     auto* row = new QTreeWidgetItem(table, {ToQt(label), ToQt(value)});
     row->setToolTip(1, ToQt(value));
-    row->setSizeHint(0, {0, table->fontMetrics().height() + kCellPadding});
+    row->setSizeHint(1, {0, table->fontMetrics().height() + kCellPadding});
   }
   table->setUniformRowHeights(true);
-  table->setIndentation(kCellPadding);
+  table->setIndentation(0);
   table->header()->setSectionResizeMode(0, QHeaderView::ResizeToContents);
   table->header()->setStretchLastSection(true);
   return table;
