@@ -262,7 +262,8 @@ void MapWindow::InfoModeClicked(int index) {
 
 void MapWindow::FavouriteClicked(int index) {
   const FaultTrap trap{"map - menu favelist_Click"};
-  if (index == 0) return;  // the heading
+  if (index == 0) return;                                 // the heading
+  if (HighestFavouriteEntry() == 0) FillFavouriteMenu();  // selected before the window's first activation
   trap([&] { sky_.tables.SelSat = platform::ToInt16(index); });
   trap([&] { sky_.tables.SelSatName = platform::At(captions_, index); });  // no such entry: the old name stays
   trap([&] {

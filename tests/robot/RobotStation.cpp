@@ -7,6 +7,7 @@
 
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
+#include "shell/Shutdown.h"
 #include "shell/ui/LauncherWindow.h"
 #include "shell/ui/SplashWindow.h"
 
