@@ -360,9 +360,13 @@ void MapWindow::ShowControlPanel() {
 // A missing satellite.dat is said in a message each time; while one stands, resizing must not pile up more of them.
 void MapWindow::FillDataText() {
   if (fillingData_) return;
-  fillingData_ = true;
+  struct Filling {
+    bool& flag;
+    explicit Filling(bool& f) : flag(f) { flag = true; }
+    ~Filling() { flag = false; }
+  };
+  const Filling filling(fillingData_);
   const std::string text = store::SatelliteDataFunc(sky_.tables.SelSatName);
-  fillingData_ = false;
   view_.SetDataText(text.empty() ? std::string(kNoInformation) : text);
 }
 
