@@ -69,7 +69,9 @@ fs::path ProgramFolder() {
 }
 
 std::string FindDataFolder(const CommandLine& commandLine) {
-  return store::ChooseDataFolder({commandLine.dataFolder, fs::current_path(), ProgramFolder(), platform::DataHome()});
+  std::error_code gone;  // a working folder that was removed: only a relative --data misses it
+  const fs::path workingFolder = fs::current_path(gone);
+  return store::ChooseDataFolder({commandLine.dataFolder, workingFolder, ProgramFolder(), platform::DataHome()});
 }
 
 std::optional<store::ZonePlace> PlaceOfTheMachine() {

@@ -1,7 +1,11 @@
 #include <QApplication>
 #include <QIcon>
+#include <QMessageBox>
+#include <cstdio>
+#include <exception>
 
 #include "platform/Version.h"
+#include "shell/FatalFault.h"
 
 #include "Run.h"
 
@@ -10,8 +14,18 @@ namespace {
 void NameTheProgram() {
   QCoreApplication::setApplicationName("kestrava");
   QCoreApplication::setApplicationVersion(QString::fromStdString(kestrava::platform::LongVersion()));
-  QGuiApplication::setApplicationDisplayName("Kestrava");
   QGuiApplication::setDesktopFileName("kestrava");
+}
+
+/// The last word of a run that broke off: its doors are gone, so it is said with the toolkit alone.
+int TellFailure(const char* what) {
+  const QString text = QString("Kestrava met a fault that it cannot go on from, and ends now: ") +
+                       QString::fromLocal8Bit(what) +
+                       ".\n\nYour files and settings are as they were. Start Kestrava again; if this happens again, "
+                       "please report this message.";
+  std::fputs(qPrintable(text + "\n"), stderr);
+  QMessageBox::critical(nullptr, "Kestrava cannot go on", text);
+  return kestrava::shell::kFatalExitCode;
 }
 
 }  // namespace
@@ -23,5 +37,9 @@ int main(int argc, char** argv) {
   const auto commandLine = kestrava::app::ReadCommandLine(application);
   if (!commandLine) return 2;
   QGuiApplication::setWindowIcon(QIcon(":/pictures/kestrava.svg"));
-  return kestrava::app::Run(*commandLine);
+  try {
+    return kestrava::app::Run(*commandLine);
+  } catch (const std::exception& failure) {
+    return TellFailure(failure.what());
+  }
 }

@@ -136,8 +136,9 @@ TEST_F(RealSettings, ADamagedFileIsSetAsideUnderADatedNameAndSaidOnce) {
     PutText(text);
     const auto store = Open();
     const fs::path aside = folder / "kestrava/settings.conf.damaged-2024-06-01-12-00-00";
-    EXPECT_EQ(reports, std::vector<fs::path>{aside});
+    EXPECT_EQ(reports, std::vector<fs::path>{}) << "whoever makes the store cannot show anything yet";
     EXPECT_EQ(store->Get("Skin"), "") << "the run goes on with defaults";
+    EXPECT_EQ(reports, std::vector<fs::path>{aside});
     store->Set("Miles", "1");
     EXPECT_EQ(Text(), "Miles=1\n");
     std::ifstream kept(aside, std::ios::binary);

@@ -126,7 +126,6 @@ class XdgSettings::Store {
         lock_(folder_ / "settings.lock") {
     lock_.Open(false);
     LoadForReading();
-    ReportDamage();
   }
 
   std::string Get(std::string_view key) {
@@ -257,7 +256,7 @@ fs::path XdgSettings::Store::NameAside() const {
     name += (part < 10 ? "-0" : "-") + std::to_string(part);
   }
   fs::path free = name;
-  for (int n = 2; fs::exists(free); ++n) free = name + "-" + std::to_string(n);
+  for (int n = 2; StampOf(free).exists; ++n) free = name + "-" + std::to_string(n);
   return free;
 }
 

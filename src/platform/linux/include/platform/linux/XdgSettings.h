@@ -17,7 +17,8 @@ namespace kestrava::platform {
 class XdgSettings : public SettingsStore {
  public:
   /// Called once in a run when a damaged file was set aside under a dated name, given here. The store holds no value
-  /// then. May be called in mid-read: what it shows, it shows later.
+  /// then. Called in mid-read or mid-write, never while the store is made, as its owner's doors do not stand yet: what
+  /// it shows, it shows later.
   using DamageReport = std::function<void(const std::filesystem::path& setAside)>;
 
   /// @param folder  where the file settings.conf lies or will lie; made on the first write
