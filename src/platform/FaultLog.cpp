@@ -25,11 +25,11 @@ std::vector<std::string>& HeldLines() {
   return lines;
 }
 
-/// A fault stays one line, whatever its text holds.
+/// A fault stays one line of text, whatever its message holds: it may quote a damaged file.
 std::string OnOneLine(std::string_view text) {
   std::string line(text);
   for (char& c : line) {
-    if (c == '\r' || c == '\n') c = ' ';
+    if (static_cast<unsigned char>(c) < ' ') c = ' ';
   }
   return line;
 }

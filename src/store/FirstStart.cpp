@@ -108,8 +108,8 @@ void SeedFolder(const fs::path& shipped, const fs::path& folder) {
   try {
     FillBesideAndRename(shipped, target, names);
   } catch (const platform::Fault&) {
+    RemoveAll(BesideOf(target), names);  // a disk that is full stays full otherwise
     if (!platform::TheFiles().FolderExists(target) || !IsNewFolder(target)) throw;
-    RemoveAll(BesideOf(target), names);
     FillInPlace(shipped, target, names);
   }
 }

@@ -30,6 +30,13 @@ TEST_F(FaultLines, AMessageOfSeveralLinesStaysOneLine) {
   TakeFaults();
 }
 
+TEST_F(FaultLines, WhatADamagedFileHoldsComesInAsText) {
+  using namespace std::string_literals;
+  ErrorTrap("a\0b\tc\x1b[2Jd"s, "Global SaveFaves");
+  EXPECT_EQ(ErrorLog(), Lines{"2.02 01/06/2024 - 12:00:00 - a b c [2Jd - Global SaveFaves"});
+  TakeFaults();
+}
+
 TEST_F(FaultLines, StandsUpToItsBoundAndIsDeletedWhenALineCrossesIt) {
   const std::string line = ErrorLogLine("Overflow", "x") + "\n";
   Put("error.log", std::string(kErrorLogBoundBytes - line.size(), 'a'));

@@ -101,6 +101,19 @@ void FlushFolder(const std::filesystem::path& folder) {
   if (fd.IsOpen()) ::fsync(fd.Get());
 }
 
+namespace {
+
+/// Gives the new file the old one's permissions. They are set only where they differ: some media have the same ones for
+/// all files and refuse every change.
+void KeepPermissions(int fd, mode_t wanted) {
+  constexpr mode_t kPermissionBits = 07777;
+  struct stat now {};
+  if (::fstat(fd, &now) == 0 && (now.st_mode & kPermissionBits) == (wanted & kPermissionBits)) return;
+  if (::fchmod(fd, wanted & kPermissionBits) != 0) throw FaultOfError(errno);
+}
+
+}  // namespace
+
 void ReplaceAtomically(const std::filesystem::path& file, std::string_view content, mode_t mode) {
   const auto folder = file.parent_path();
   const auto unfinished =
@@ -110,7 +123,7 @@ void ReplaceAtomically(const std::filesystem::path& file, std::string_view conte
     struct stat old {};
     if (::stat(file.c_str(), &old) == 0) {
       if (S_ISDIR(old.st_mode)) throw Fault::PathFileAccess();
-      if (::fchmod(fd.Get(), old.st_mode & 07777U) != 0) throw FaultOfError(errno);
+      KeepPermissions(fd.Get(), old.st_mode);
     }
     WriteAll(fd.Get(), content);
     if (::fsync(fd.Get()) != 0 || !fd.Close()) throw FaultOfError(errno);

@@ -24,7 +24,8 @@ class Files {
   virtual void Remove(const std::filesystem::path& file) = 0;
   /// Also renames a folder, onto an empty one too.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
-  /// Replaces `to`; keeps the date. @throws Fault "Disk not ready" where the target medium is gone, "Disk full", ...
+  /// Replaces `to`; keeps the date where the medium takes it. @throws Fault "Disk not ready" where the target medium is
+  /// gone, "Disk full", ...
   virtual void Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   virtual std::uintmax_t Size(const std::filesystem::path& file) = 0;
   /// Date of the last change, local time, whole seconds.

@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <string>
-#include <string_view>
 
 namespace kestrava::store {
 
@@ -12,12 +11,8 @@ struct FolderClues {
   std::string dataArgument;             ///< behind --data; empty if it was not given
   std::filesystem::path workingFolder;  ///< a relative argument counts from here
   std::filesystem::path programFolder;  ///< of the running program
-  std::filesystem::path dataHome;       ///< where the desktop keeps its users' data, see DataHome
+  std::filesystem::path dataHome;       ///< where the desktop keeps its users' data
 };
-
-/// The user's data home after the XDG base directory specification: the variable if it holds an absolute path, else
-/// .local/share below the home folder.
-std::filesystem::path DataHome(std::string_view xdgDataHome, std::string_view home);
 
 /// The folder of the argument; else the program's own if it holds groups.dat, as on a portable stick; else kestrava
 /// below the data home.
