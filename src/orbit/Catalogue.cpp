@@ -75,8 +75,21 @@ void Catalogue::Prepare() {
   }
 }
 
+std::uint32_t Catalogue::InOtherLetters(std::string_view key) const {
+  if (byCapitals_.empty()) {
+    byCapitals_.reserve(models_.size());
+    for (std::size_t i = 0; i < models_.size(); ++i) {
+      byCapitals_.emplace(platform::ToCapitals(sets_[i].name), static_cast<std::uint32_t>(i + 1));  // the first stays
+    }
+  }
+  const auto found = byCapitals_.find(platform::ToCapitals(key));
+  return found == byCapitals_.end() ? 0 : found->second;
+}
+
 const Sgp4* Catalogue::Find(std::string_view name) const {
-  const std::uint32_t found = slots_[SlotOf(NameKey(name))];
+  const std::string_view key = NameKey(name);
+  std::uint32_t found = slots_[SlotOf(key)];
+  if (found == 0) found = InOtherLetters(key);
   return found == 0 ? nullptr : &models_[found - 1];
 }
 

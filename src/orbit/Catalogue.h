@@ -7,6 +7,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "orbit/ElementSet.h"
@@ -34,17 +35,22 @@ class Catalogue {
   std::size_t Count() const { return models_.size(); }
   /// Every name in double quotes, separated by commas, in the order they came in.
   const std::string& NamesText() const { return namesText_; }
+  /// The satellite of exactly this name, or else the first whose name differs in capitals only: favourites are kept
+  /// however they are written.
   /// @return nothing if no satellite has the name
   const Sgp4* Find(std::string_view name) const;
 
  private:
   std::size_t SlotOf(std::string_view key) const;
   void Grow();
+  std::uint32_t InOtherLetters(std::string_view key) const;
 
   std::vector<ElementSet> sets_;
   std::vector<Sgp4> models_;
   std::vector<std::uint32_t> slots_;  ///< index into sets_ plus one, by hash of the name; 0 is free
   std::string namesText_;
+  /// Index into sets_ plus one, by the name in capitals; made by the first search that needs it.
+  mutable std::unordered_map<std::string, std::uint32_t> byCapitals_;
 };
 
 }  // namespace kestrava::orbit

@@ -112,9 +112,9 @@ void CalcExtended(const Sky& sky, std::string_view name, double engineTime) {
   }
   const double sunDeg = SunElevationDeg(sky.engine, engineTime);
   result.SatVisible = AsBoolean(IsVisibleByEye(sunDeg, result.SatSunlit != 0, result.SatEl));
-  bool predicting = false;
-  kTrap([&] { predicting = platform::TheWindows().IsVisible("PassPrediction"); });
-  if (predicting) return;
+  bool search = false;  // and stays so where the question itself fails
+  kTrap([&] { search = !platform::TheWindows().IsVisible("PassPrediction"); });
+  if (!search) return;
   kTrap([&] { result.SatAOS = platform::Format(NextAOS(sky, name), "hh:mm:ss"); });
   kTrap([&] { result.SatLOS = platform::Format(NextLOS(sky, name), "hh:mm:ss"); });
 }
