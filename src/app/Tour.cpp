@@ -134,6 +134,7 @@ bool Tour::eventFilter(QObject* watched, QEvent* event) {
 void Tour::NextStop() {
   if (stops_.empty()) return End(splashSaved_);
   patience_.start();
+  calm_.stop();  // taking a picture paints, which started it again
   QWidget* subject = nullptr;
   platform::RunUntrapped("Tour", [&] { subject = stops_.front().open(); });
   subject_ = subject;

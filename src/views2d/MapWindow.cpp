@@ -262,7 +262,8 @@ void MapWindow::InfoModeClicked(int index) {
 
 void MapWindow::FavouriteClicked(int index) {
   const FaultTrap trap{"map - menu favelist_Click"};
-  if (index == 0) return;  // the heading
+  if (index == 0) return;                                 // the heading
+  if (HighestFavouriteEntry() == 0) FillFavouriteMenu();  // selected before the window's first activation
   trap([&] { sky_.tables.SelSat = platform::ToInt16(index); });
   trap([&] { sky_.tables.SelSatName = platform::At(captions_, index); });  // no such entry: the old name stays
   trap([&] {
@@ -359,9 +360,13 @@ void MapWindow::ShowControlPanel() {
 // A missing satellite.dat is said in a message each time; while one stands, resizing must not pile up more of them.
 void MapWindow::FillDataText() {
   if (fillingData_) return;
-  fillingData_ = true;
+  struct Filling {
+    bool& flag;
+    explicit Filling(bool& f) : flag(f) { flag = true; }
+    ~Filling() { flag = false; }
+  };
+  const Filling filling(fillingData_);
   const std::string text = store::SatelliteDataFunc(sky_.tables.SelSatName);
-  fillingData_ = false;
   view_.SetDataText(text.empty() ? std::string(kNoInformation) : text);
 }
 

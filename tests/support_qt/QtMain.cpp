@@ -30,7 +30,7 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", other.isEmpty() ? "offscreen:configfile=" + screenFile.toLocal8Bit() : other);
   qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
   qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
-  qputenv("QT_SCALE_FACTOR", "1");
+  qputenv("QT_SCALE_FACTOR", qEnvironmentVariable("KESTRAVA_TEST_SCALE", "1").toLocal8Bit());
   const kestrava::platform::qt::StationApplication application(argc, argv);
   return RUN_ALL_TESTS();
 }

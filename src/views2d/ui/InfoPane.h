@@ -30,6 +30,8 @@ class InfoPane : public QWidget {
   void BuildTimeControls();
   void BuildInfoLines();
   void BuildDataArea();
+  void FitEtaColumns();
+  void TellWarpSpeed();
   QLabel* AddHeading(int index, const char* text);
   void AddLine(int index);
   void AddPair(std::array<platform::qt::SkinButton*, 2>& pair, const char* name, const char* left, const char* right);

@@ -1,6 +1,7 @@
 #include "WorldView.h"
 
 #include <QCursor>
+#include <QHBoxLayout>
 #include <QResizeEvent>
 #include <QVBoxLayout>
 
@@ -10,8 +11,10 @@
 namespace kestrava::views2d::ui {
 
 namespace {
-constexpr int kClockMarginPx = 8;
-}
+
+constexpr int kClockWidthPx = 92;
+
+}  // namespace
 
 WorldView::WorldView(const orbit::Sky& sky) : StationWindow(kWorldViewName), sky_(sky) {
   setWindowTitle("Kestrava - Map View");
@@ -28,44 +31,55 @@ void WorldView::BuildUi() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
+  column->setSizeConstraint(QLayout::SetNoConstraint);  // as narrow as the user likes
   auto* bar = new QMenuBar(this);
   menus_ = std::make_unique<MapMenus>(*bar, *behaviour_);
-  column->addWidget(bar);
+  ledClock_ = platform::qt::Named(new platform::qt::LedClockWidget(this), "LEDclock", tr("Clock"));
+  ledClock_->setFixedSize(kClockWidthPx, bar->sizeHint().height());
+  auto* top = new QHBoxLayout;  // the clock beside the menus, so that no satellite stands behind it
+  top->setSpacing(0);
+  top->addWidget(bar, 1);
+  top->addWidget(ledClock_);
+  column->addLayout(top);
   body_ = new QWidget(this);
   body_->setObjectName("body");
   column->addWidget(body_, 1);
-  canvas_ = platform::qt::Named(new platform::qt::SurfaceWidget(body_), "Final", tr("Map"));
+  canvas_ = platform::qt::Named(new MapCanvas(body_), "Final", tr("Map"));
   canvas_->Back().SetLineWidth(2);
   painter_ =
       std::make_unique<MapPainter>(sky_.tables, behaviour_->State(), pictures_->Surfaces(canvas_->Back()), *this);
   expand_ = platform::qt::Named(new platform::qt::SkinButton(QString(), body_), "BUTexpand",
                                 tr("Open or close the info pane"));
   pane_ = new InfoPane(body_);
-  ledClock_ = platform::qt::Named(new platform::qt::LedClockWidget(body_), "LEDclock", tr("Clock"));
   RemoteStatChanged(0);
+  canvas_->setFocus(Qt::OtherFocusReason);
 }
 
 void WorldView::ConnectSignals() {
   body_->installEventFilter(this);
   connect(canvas_, &platform::qt::SurfaceWidget::Pressed, this, [this](QPointF at, Qt::MouseButton button) {
-    platform::RunUntrapped("selecting a satellite",
+    platform::RunUntrapped("The selection of a satellite",
                            [&] { behaviour_->FinalMousedown(button == Qt::RightButton, at.x(), at.y()); });
   });
   connect(&pane_->SliderWarp(), &QSlider::valueChanged, this,
           [this](int value) { behaviour_->WarpSliderChanged(value); });
   connect(&pane_->QuickEta(), &QTreeWidget::itemClicked, this,
           [this](QTreeWidgetItem* row) { behaviour_->QuickEtaItemClicked(platform::qt::FromQt(row->text(1))); });
+  connect(&pane_->QuickEta(), &QTreeWidget::itemActivated, this,  // the same by the keyboard
+          [this](QTreeWidgetItem* row) { behaviour_->QuickEtaItemClicked(platform::qt::FromQt(row->text(1))); });
+  connect(canvas_, &MapCanvas::MenuAsked, this,
+          [this](QPoint at) { menus_->SatelliteMenu().popup(canvas_->mapToGlobal(at)); });
   ConnectButtons();
 }
 
 void WorldView::ConnectButtons() {
   connect(expand_, &QAbstractButton::clicked, this,
-          [this] { platform::RunUntrapped("the info pane", [&] { behaviour_->ExpandClicked(); }); });
+          [this] { platform::RunUntrapped("The info pane", [&] { behaviour_->ExpandClicked(); }); });
   for (const int i : {0, 1}) {
     connect(&pane_->TimeButton(i), &QAbstractButton::clicked, this,
-            [this, i] { platform::RunUntrapped("the time mode", [&] { behaviour_->TimeButtonClicked(i); }); });
+            [this, i] { platform::RunUntrapped("The time mode", [&] { behaviour_->TimeButtonClicked(i); }); });
     connect(&pane_->InfoModeButton(i), &QAbstractButton::clicked, this,
-            [this, i] { platform::RunUntrapped("the info mode", [&] { behaviour_->InfoModeClicked(i); }); });
+            [this, i] { platform::RunUntrapped("The info mode", [&] { behaviour_->InfoModeClicked(i); }); });
   }
 }
 
@@ -107,21 +121,14 @@ void WorldView::ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heig
 }
 
 void WorldView::ApplyLayout(const MapLayout& layout) {
-  layout_ = layout;
   canvas_->setGeometry(0, 0, layout.finalWidth, layout.finalHeight);
   expand_->setGeometry(layout.expandLeft, 0, kExpandWidthPx, layout.finalHeight);
   using Chevron = platform::qt::SkinButton::Chevron;
   expand_->SetChevron(behaviour_->State().InfoPaneShown ? Chevron::kRight : Chevron::kLeft);
   pane_->setGeometry(layout.contentLeft, 0, pane_->width(), layout.finalHeight);
   pane_->SetTextHeight(layout.textHeight);
-  PlaceClock();
-}
-
-void WorldView::PlaceClock() {
-  const QSize size = ledClock_->sizeHint();
-  ledClock_->setGeometry(layout_.finalWidth - size.width() - kClockMarginPx, kClockMarginPx, size.width(),
-                         size.height());
-  ledClock_->raise();
+  // Pushed past the edge it is out of the keyboard's way too.
+  pane_->setVisible(behaviour_->State().InfoPaneShown);
 }
 
 void WorldView::LoadWorldPicture(const std::string& file) {

@@ -7,10 +7,10 @@
 
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/StationWindow.h"
-#include "platform/qt/SurfaceWidget.h"
 #include "views2d/MapWindow.h"
 
 #include "InfoPane.h"
+#include "MapCanvas.h"
 #include "MapMenus.h"
 #include "MapPictures.h"
 
@@ -32,7 +32,6 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   void BuildUi();
   void ConnectSignals();
   void ConnectButtons();
-  void PlaceClock();
 
   // MapHost and PaintHost
   void RemoteStatChanged(int index) override;
@@ -56,7 +55,7 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   void SetDataText(std::string_view text) override;
   platform::LedClock& Clock() override { return *ledClock_; }
   platform::ListControl& QuickEtaList() override { return pane_->QuickEta(); }
-  bool QuickEtaVisible() const override { return pane_->QuickEta().isVisible(); }
+  bool QuickEtaVisible() const override { return !pane_->QuickEta().isHidden(); }
   void ShowQuickEta(bool visible) override { pane_->QuickEta().setVisible(visible); }
   int WarpSliderValue() const override { return pane_->SliderWarp().value(); }
   void LightButton(MapButtons pair, int index, platform::Colour colour) override;
@@ -75,11 +74,10 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   std::unique_ptr<MapPictures> pictures_;
   std::unique_ptr<MapPainter> painter_;
   std::unique_ptr<MapMenus> menus_;
-  MapLayout layout_;
   bool painting_ = false;
   bool paintAsked_ = false;
   QWidget* body_ = nullptr;
-  platform::qt::SurfaceWidget* canvas_ = nullptr;
+  MapCanvas* canvas_ = nullptr;
   platform::qt::SkinButton* expand_ = nullptr;
   platform::qt::LedClockWidget* ledClock_ = nullptr;
   InfoPane* pane_ = nullptr;

@@ -1,0 +1,54 @@
+// A user who is in no hurry and has no plan: clicks, keys, menus, sizes and settings at random, but the same ones for
+// the same seed, on all windows of a whole station in simulated time.
+#pragma once
+
+#include <QWidget>
+#include <functional>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "robot/RobotStation.h"
+
+namespace kestrava::robot {
+
+class Robot {
+ public:
+  Robot(RobotStation& station, unsigned seed);
+
+  /// One thing that a user may do. What it was stands in LastDeed.
+  void Act();
+  const std::string& LastDeed() const { return lastDeed_; }
+
+ private:
+  using Deed = void (Robot::*)();
+
+  int Below(int bound) { return bound > 0 ? static_cast<int>(random_() % static_cast<unsigned>(bound)) : 0; }
+  template <class Item>
+  const Item& OneOf(const std::vector<Item>& items) {
+    return items[static_cast<std::size_t>(Below(static_cast<int>(items.size())))];
+  }
+  /// A visible top-level window of the station, or null.
+  QWidget* SomeWindow();
+  void Do(const std::string& deed, const std::function<void()>& work);
+
+  void LetTimePass();
+  void LetHoursPass();
+  void ClickAButton();
+  void ChooseAMenuEntry();
+  void ClickTheMap();
+  void PressAKey();
+  void MoveASlider();
+  void ResizeAWindow();
+  void MinimiseAWindow();
+  void ChangeASetting();
+  void OpenAWindow();
+  void CloseAWindow();
+  void ComeBackToTheLauncher();
+
+  RobotStation& station_;
+  std::mt19937 random_;
+  std::string lastDeed_;
+};
+
+}  // namespace kestrava::robot

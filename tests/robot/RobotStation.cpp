@@ -1,0 +1,82 @@
+#include "robot/RobotStation.h"
+
+#include <QCoreApplication>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "orbit/OrbitEngine.h"
+#include "platform/Doors.h"
+#include "shell/Shutdown.h"
+#include "shell/ui/LauncherWindow.h"
+#include "shell/ui/SplashWindow.h"
+
+#include "RegisterWindows.h"
+
+namespace kestrava::robot {
+
+namespace {
+
+constexpr const char* kDataFolder = "/house/";
+
+std::string BytesOf(const std::filesystem::path& file) {
+  std::ostringstream bytes;
+  bytes << std::ifstream(file, std::ios::binary).rdbuf();
+  return bytes.str();
+}
+
+shell::LauncherSetup Setup() {
+  shell::LauncherSetup setup;
+  setup.dataFolder = kDataFolder;
+  setup.makeEngine = [] { return std::make_unique<orbit::OrbitEngine>(); };
+  setup.makeSpeech = [] { return std::make_unique<platform::SilentSpeech>(); };
+  setup.endProcess = [] { throw std::logic_error("the windows refused to close"); };
+  return setup;
+}
+
+}  // namespace
+
+void PumpingLoop::ProcessEvents() {
+  SimulatedEventLoop::ProcessEvents();
+  QCoreApplication::processEvents();
+}
+
+void AnsweringMessages::Show(std::string_view text, std::string_view) {
+  texts.emplace_back(text);
+}
+
+bool AnsweringMessages::AskYesNo(std::string_view text, std::string_view) {
+  texts.emplace_back(text);
+  return random_() % 2 == 0;
+}
+
+RobotStation::RobotStation() {
+  for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
+    house_.Put(entry.path().filename().string(), BytesOf(entry.path()));
+  house_.clock.SetUtc({2026, 11, 15, 18, 0, 0});
+  house_.clock.SetOffsetHours(1);
+  house_.settings.Set("Latitude", "47.4");
+  house_.settings.Set("Longitude", "351.5");
+  platform::TheDoors().eventLoop = &loop_;
+  platform::TheDoors().messages = &messages_;
+  app::RegisterWindows(Windows(), Setup(), {});
+}
+
+RobotStation::~RobotStation() {
+  // What the windows handed over for later still needs the loop and the clock.
+  loop_.RunEvent([] {});
+}
+
+void RobotStation::Start() {
+  loop_.RunEvent([this] { Windows().Show(shell::ui::kSplashName); });
+  loop_.Advance(2);
+}
+
+void RobotStation::Close() {
+  loop_.RunEvent([this] {
+    if (platform::Window* launcher = Windows().Find(shell::kLauncherName)) Windows().Unload(*launcher);
+  });
+  loop_.RunEvent([] { QCoreApplication::processEvents(); });
+}
+
+}  // namespace kestrava::robot

@@ -1,0 +1,57 @@
+// A whole station for the robot: every window of the program over scripted doors, the sample data in memory, and a
+// simulated clock. Messages are answered at random and remembered; faults are remembered.
+#pragma once
+
+#include <memory>
+#include <random>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/Messages.h"
+
+#include "support/House.h"
+
+namespace kestrava::robot {
+
+/// The simulated loop, which lets the toolkit's own events through at each yield.
+class PumpingLoop : public testing::SimulatedEventLoop {
+ public:
+  using testing::SimulatedEventLoop::SimulatedEventLoop;
+  void ProcessEvents() override;
+};
+
+/// Answers every question and remembers every text.
+class AnsweringMessages : public platform::Messages {
+ public:
+  void Show(std::string_view text, std::string_view title) override;
+  bool AskYesNo(std::string_view text, std::string_view title) override;
+  std::vector<std::string> texts;
+
+ private:
+  std::mt19937 random_{7};
+};
+
+class RobotStation {
+ public:
+  RobotStation();
+  ~RobotStation();
+
+  /// Shows the splash and lets the launcher come up.
+  void Start();
+  /// Closes the launcher; everything else goes with it.
+  void Close();
+
+  PumpingLoop& Loop() { return loop_; }
+  testing::ScriptedHouse& House() { return house_; }
+  platform::Windows& Windows() { return *house_.windows; }
+  const std::vector<std::string>& Messages() const { return messages_.texts; }
+  std::vector<std::string> TakeFaults() { return house_.TakeFaults(); }
+
+ private:
+  testing::ScriptedHouse house_;
+  PumpingLoop loop_{house_.clock};
+  AnsweringMessages messages_;
+};
+
+}  // namespace kestrava::robot

@@ -1,0 +1,86 @@
+// The robot user on the whole station. How long, and with which seed, can be said from outside: KESTRAVA_ROBOT_MINUTES,
+// KESTRAVA_ROBOT_SEED. Under the sanitizers it finds what no plan would.
+#include <QtGlobal>
+#include <iostream>
+
+#include <gtest/gtest.h>
+
+#include "robot/Robot.h"
+
+namespace kestrava::robot {
+namespace {
+
+constexpr double kUsualMinutes = 5;
+constexpr int kUsualSeed = 20261115;
+
+double MinutesToRun() {
+  bool given = false;
+  const double minutes = qEnvironmentVariable("KESTRAVA_ROBOT_MINUTES").toDouble(&given);
+  return given ? minutes : kUsualMinutes;
+}
+
+unsigned SeedToUse() {
+  bool given = false;
+  const int seed = qEnvironmentVariableIntValue("KESTRAVA_ROBOT_SEED", &given);
+  return static_cast<unsigned>(given ? seed : kUsualSeed);
+}
+
+/// Messages that a user without a plan may well meet.
+bool IsExpected(const std::string& message) {
+  static const std::vector<std::string> parts{"Copy ALL Keplerian element files", "Keplerian files copied",
+                                              "Floppy Drive A:"};
+  for (const std::string& part : parts)
+    if (message.find(part) != std::string::npos) return true;
+  return false;
+}
+
+/// A map picture that is missing is a line at each paint, as long as it is missing.
+bool IsExpectedFault(const std::string& fault) {
+  return fault.find("World Normal BLiTter") != std::string::npos;
+}
+
+TEST(RobotUser, MeetsNoFaultAndNoUnexpectedMessage) {
+  const unsigned seed = SeedToUse();
+  SCOPED_TRACE("seed " + std::to_string(seed));
+  RobotStation station;
+  station.Start();
+  ASSERT_TRUE(station.Windows().Find("frmLAUNCHER"));
+  for (const std::string& fault : station.TakeFaults()) ADD_FAILURE() << "at the start: " << fault;
+  Robot robot(station, seed);
+  const double end = station.House().clock.ElapsedMs() + MinutesToRun() * 60e3;
+  int deeds = 0;
+  while (station.House().clock.ElapsedMs() < end && station.Windows().Find("frmLAUNCHER")) {
+    robot.Act();
+    ++deeds;
+    for (const std::string& fault : station.TakeFaults())
+      if (!IsExpectedFault(fault))
+        ADD_FAILURE() << "deed " << deeds << ", the robot " << robot.LastDeed() << ": " << fault;
+    if (::testing::Test::HasFailure()) break;
+  }
+  std::cout << "[ robot    ] " << deeds << " deeds with seed " << seed << "\n";
+  EXPECT_TRUE(station.Windows().Find("frmLAUNCHER")) << "the launcher closed by itself after: " << robot.LastDeed();
+  for (const std::string& message : station.Messages()) EXPECT_TRUE(IsExpected(message)) << message;
+  station.Close();
+  EXPECT_TRUE(station.Windows().Loaded().empty()) << "a window is left";
+}
+
+TEST(RobotUser, ClosingTheLauncherInTheMidstOfAnythingEndsTheRunInOrder) {
+  for (unsigned seed = 1; seed <= 12; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    RobotStation station;
+    station.Start();
+    Robot robot(station, seed);
+    station.Loop().RunEvent([&] { station.Windows().Show("WorldView", "worldnormal"); });
+    for (int i = 0; i < 15; ++i) robot.Act();
+    // Some yields later, wherever the station then is, the launcher goes.
+    station.Loop().AtYield(static_cast<int>(1 + seed * 3), [&] { station.Close(); });
+    station.Loop().Advance(61);
+    if (station.Windows().Find("frmLAUNCHER")) station.Close();
+    EXPECT_TRUE(station.Windows().Loaded().empty());
+    for (const std::string& fault : station.TakeFaults())
+      if (!IsExpectedFault(fault)) ADD_FAILURE() << robot.LastDeed() << ": " << fault;
+  }
+}
+
+}  // namespace
+}  // namespace kestrava::robot
