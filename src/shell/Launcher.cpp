@@ -25,6 +25,7 @@ namespace {
 
 constexpr std::string_view kMaker = "The Kestrava Makers";
 constexpr std::string_view kLoadTrap = "Main Form Load";
+constexpr std::string_view kFavesFile = "faves.dat";
 constexpr std::string_view kSettingsTrap = "LauncherLoadAllSettings";
 constexpr std::string_view kAutomationMark = "utomat";
 constexpr std::string_view kAutomationMessage =
@@ -124,6 +125,7 @@ void Launcher::FindAppDir() {
 
 void Launcher::LauncherLoadAllSettings() {
   const platform::FaultTrap trap{kSettingsTrap};
+  RememberFavourites();
   trap([&] { store::LoadFaves(tables_, Set(orbit::Engine)); });
   trap([&] { store::LoadGroups(tables_); });
   trap([&] { store::LoadLocations(tables_); });
@@ -240,6 +242,21 @@ void Launcher::ShowClockMode() {
     clock.ShowUniversalTime(mode == "2");
     view_.SetLabel(LauncherLabel::kClock, mode == "2" ? "UTC Time" : "Local Time");
   }
+}
+
+void Launcher::RememberFavourites() {
+  const auto file = platform::InAppDir(kFavesFile);
+  platform::FaultTrap{kSettingsTrap}([&] {
+    if (platform::FileExists(file)) favesAtStart_ = platform::TheFiles().Read(file);
+  });
+}
+
+void Launcher::BringFavouritesBack() {
+  const auto file = platform::InAppDir(kFavesFile);
+  platform::FaultTrap{kSettingsTrap}([&] {
+    if (favesAtStart_ && platform::TheFiles().Read(file) != *favesAtStart_)
+      platform::TheFiles().Replace(file, *favesAtStart_);
+  });
 }
 
 FatalReport Launcher::DescribeFault(const platform::Fault& fault) const {

@@ -63,6 +63,18 @@ TEST_F(LauncherActivation, AMissingElementFileOfTheFirstGroupIsNotTrapped) {
   EXPECT_TRUE(ErrorLog().empty());
 }
 
+TEST_F(LauncherActivation, FavouritesThatAMissingElementFileMadeUnknownComeBackWithTheEndOfTheRun) {
+  const std::string before = "ISS (ZARYA)\r\n\r\nNOAA 19\r\n";
+  Put("faves.dat", before);
+  files.Remove("/house/amateur.txt");
+  Launcher launcher(view, tables, NewSetup());
+  launcher.Load();
+  EXPECT_NE(Content("faves.dat"), before);
+  launcher.BringFavouritesBack();
+  EXPECT_EQ(Content("faves.dat"), before);
+  TakeFaults();
+}
+
 TEST_F(LauncherActivation, AFirstGroupWithoutAFileNameIsNotTrappedAndNamesTheFileOfGroups) {
   Put("groups.dat", "Nameless,,1\n");
   Launcher& launcher = Loaded();

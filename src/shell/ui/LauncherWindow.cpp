@@ -165,6 +165,7 @@ void LauncherWindow::OnActivated() {
 /// One message, then the end of the run in order.
 void LauncherWindow::EndByFault(const platform::Fault& fault) {
   closing_ = true;
+  if (!started_) launcher_.BringFavouritesBack();
   ReportFatal(launcher_.DescribeFault(fault), shipped_);
   started_ = false;
   launcher_.QueryUnload();

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -60,7 +61,12 @@ class Launcher {
   /// Puts a fault of the activation into words, with the file or the value that it was about.
   FatalReport DescribeFault(const platform::Fault& fault) const;
 
+  /// The load drops favourites that the engine does not know. Where the run ends because an element file is missing,
+  /// they are only unknown until it is back: faves.dat becomes again what it was at the start.
+  void BringFavouritesBack();
+
  private:
+  void RememberFavourites();
   void MakeSpeech();
   void FindAppDir();
   void LoadCustomFiles();
@@ -82,7 +88,8 @@ class Launcher {
   std::unique_ptr<platform::SpeechEngine> speech_;
   platform::SpeechEngine* earlierSpeech_ = nullptr;
   std::string customTarget_;
-  FatalReport atWork_;  ///< what the activation is about at this moment, for a fault
+  std::optional<std::string> favesAtStart_;  ///< all bytes of faves.dat before the load
+  FatalReport atWork_;                       ///< what the activation is about at this moment, for a fault
 };
 
 }  // namespace kestrava::shell
