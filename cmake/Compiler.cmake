@@ -16,7 +16,8 @@ add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverl
 
 find_program(KESTRAVA_CCACHE ccache)
 if(KESTRAVA_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${KESTRAVA_CCACHE}")
+  # Paths below the checkout count as relative, so that every checkout finds what another one has compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER env "CCACHE_BASEDIR=${PROJECT_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${KESTRAVA_CCACHE}")
 endif()
 
 set(KESTRAVA_SANITIZE "" CACHE STRING "Value of -fsanitize= for everything, e.g. address,undefined")
