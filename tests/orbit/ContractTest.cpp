@@ -3,6 +3,7 @@
 
 #include <cmath>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -116,6 +117,22 @@ TEST_F(NameContract, ANameIsKnownWholeAndCutAtSixteenAndAtFifteen) {
   for (const char* name : {"\u00c5ngstr\u00f6m satellite", "\u00c5ngstr\u00f6m satelli", "\u00c5ngstr\u00f6m satell"})
     EXPECT_TRUE(engine.Knows(name)) << name;
   EXPECT_FALSE(engine.Knows("ABCDEFGHIJKLMN"));
+}
+
+TEST_F(NameContract, TheShippedNamesAreAsManyAsCountedAndEachIsKnown) {
+  const std::vector<std::string> names =
+      platform::SplitAt(platform::ReplaceAll(engine.SatelliteNames(), "\"", ""), ',');
+  EXPECT_EQ(static_cast<int>(names.size()), engine.SatelliteCount());
+  EXPECT_GT(names.size(), 100U);
+  for (const std::string& name : names) {
+    EXPECT_TRUE(engine.Knows(name)) << name;
+    EXPECT_LE(platform::LengthInCharacters(name), 15) << name;
+    EXPECT_EQ(platform::Trim(name), name);
+    EXPECT_NE(name, "sun");
+    EXPECT_NE(name, "moon");
+  }
+  EXPECT_EQ(std::set<std::string>(names.begin(), names.end()).size(), names.size()) << "a name stands once";
+  EXPECT_TRUE(TakeFaults().empty());
 }
 
 TEST_F(NameContract, TheFixedNumbersAndWordsAreNotRead) {

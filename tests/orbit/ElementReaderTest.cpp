@@ -323,9 +323,9 @@ TEST(ElementReader, EndsOnTenMegabytesOfAnything) {
   std::mt19937 random(kSeed);
   std::string noise(kBytes, '\0');
   std::generate(noise.begin(), noise.end(), [&] { return static_cast<char>(random()); });
-  for (const std::string& text :
-       {noise, repeated("\r"), repeated("\n"), repeated("1 "), repeated("1 \n2 \n"), repeated("\xFF"), repeated("1 \r"),
-        repeated(std::string(1, '\0')), repeated(kLine1 + "\n"), repeated(Good())}) {
+  for (const std::string& text : {noise, repeated("\r"), repeated("\n"), repeated("1 "), repeated("1 x\n2 x\n"),
+                                  repeated("\xE9\n1 x\n2 x\n"), repeated("\xFF"), repeated("1 \r"),
+                                  repeated(std::string(1, '\0')), repeated(kLine1 + "\n"), repeated(Good())}) {
     const ElementFile file = ReadElementSets(text);
     EXPECT_LE(file.sets.size() + file.refused.size(), kBytes / 3);
   }
