@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QMessageBox>
+#include <csignal>
 #include <cstdio>
 #include <exception>
 
@@ -31,6 +32,7 @@ int TellFailure(const char* what) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a disk that is full, not the end of the process
   NameTheProgram();
   if (const auto answered = kestrava::app::AnswerWithoutWindows(argc, argv)) return *answered;
   kestrava::app::Application application(argc, argv);
