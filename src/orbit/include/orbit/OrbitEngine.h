@@ -5,8 +5,8 @@
 // terms uses the typed ones below, on which those are thin. Any number of instances can be made; each has its own
 // observer, and what they share (the element sets of a folder, read once) never changes.
 //
-// A satellite is found by the first 15 characters of its name, without blanks at the ends; where no set has exactly that
-// name, letters may differ in case. "sun" and "moon" are lower case.
+// A satellite is found by the first 15 characters of its name, without blanks at the ends; where no set has exactly
+// that name, letters may differ in case. "sun" and "moon" are lower case.
 //
 // A member that fails throws platform::Fault and leaves its outputs as they were. Nothing here shows a message.
 
