@@ -146,8 +146,8 @@ void MapPainter::PaintBaseLayer() {
 void MapPainter::PaintHome() {
   Surface& final = surfaces_.Final;
   final.SetPen(platform::kGreen);  // the locations keep it, also when the home place cannot be read
-  const double lonDeg = StoredNumber(platform::ReadSetting("Longitude", "0"));
   const double latDeg = StoredNumber(platform::ReadSetting("Latitude", "0"));
+  const double lonDeg = StoredNumber(platform::ReadSetting("Longitude", "0"));
   final.DrawCircle(LonToMapX(lonDeg) + kHomeOffsetPx, LatToMapY(latDeg) - kHomeOffsetPx, 1);
   final.Print(tables_.LocationName);
 }
@@ -231,11 +231,12 @@ void MapPainter::PaintTrack() {
   if (!platform::ReadSwitch("ShowGroundtrack", "1")) return;
   const int lastRow = LastTrackRow();
   for (int i = 0; i <= lastRow; ++i) {
-    trap([&] {
+    const bool drawn = trap([&] {
       const orbit::TrackRec& row = At(tables_.GroundTrack, i);
       surfaces_.Final.SetPen(row.colour);
       surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
     });
+    if (!drawn && i >= static_cast<int>(tables_.GroundTrack.size())) return;  // all further rows are beyond it too
   }
 }
 

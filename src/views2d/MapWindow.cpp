@@ -103,13 +103,16 @@ void MapWindow::LoadPicture() {
 }
 
 void MapWindow::LoadPlace() {
-  const auto twips = [](std::string_view key, std::string_view usual) {
-    return static_cast<int>(platform::ToInt32(ReadNumberSetting(key, usual)));
+  const FaultTrap trap{"map - Form_load"};
+  const auto twips = [&](std::string_view key, int usual) {
+    int value = usual;  // a setting that is no number costs only itself
+    trap([&] { value = platform::ToInt32(ReadNumberSetting(key, std::to_string(usual))); });
+    return value;
   };
-  const int left = twips("WinPosX", "200");
-  const int top = twips("WinPosY", "200");
-  const int width = twips("WinPosW", "12195");
-  const int height = twips("WinPosH", "7920");
+  const int left = twips("WinPosX", 200);
+  const int top = twips("WinPosY", 200);
+  const int width = twips("WinPosW", 12195);
+  const int height = twips("WinPosH", 7920);
   view_.ApplyPlace(left, top, width, height);
 }
 
@@ -118,7 +121,7 @@ void MapWindow::Activate() {
   trap([&] {
     if (ReadSwitch("ShowGroundtrack", "1")) CalcGroundTrack(sky_, state_);
   });
-  trap([&] { CalcSunMoon(sky_, state_, view_); });
+  trap([&] { RecalculateSunAndMoon(); });
   if (HighestFavouriteEntry() != sky_.tables.FaveCount) FillFavouriteMenu();
   if (view_.IsShown()) {
     timer1_->SetIntervalMs(kFirstTickMs);  // the first paint comes a second after activation
@@ -162,6 +165,7 @@ void MapWindow::Timer1Tick() {
   if (!open_) return;
   trap([&] { Gsatroutine(sky_, state_, view_); });
   if (!open_) return;  // closed while the loop yielded
+  trap([&] { view_.ShowInfoLines(); });
   trap([&] { view_.RepaintMap(); });
   if (!open_) return;
   trap([&] { ShowClockBySetting(); });
@@ -196,8 +200,13 @@ void MapWindow::RecalculateInWarp() {
     if (second % 3 == 0) CalcGroundTrack(sky_, state_);
   });
   trap([&] {
-    if (second % 5 == 0) CalcSunMoon(sky_, state_, view_);
+    if (second % 5 == 0) RecalculateSunAndMoon();
   });
+}
+
+void MapWindow::RecalculateSunAndMoon() {
+  CalcSunMoon(sky_, state_, view_);
+  view_.ShowInfoLines();
 }
 
 void MapWindow::Timer2Tick() {
@@ -210,7 +219,7 @@ void MapWindow::Timer2Tick() {
     if (state_.SlowTick == 2 && ReadSetting("ShowGroundtrack", "1") == "1") CalcGroundTrack(sky_, state_);
   });
   trap([&] {
-    if (state_.SlowTick == 6) CalcSunMoon(sky_, state_, view_);
+    if (state_.SlowTick == 6) RecalculateSunAndMoon();
   });
   state_.SlowTick = static_cast<std::int16_t>(state_.SlowTick + 1);
   if (state_.SlowTick == 7) state_.SlowTick = 0;
@@ -245,7 +254,7 @@ void MapWindow::StartWarp() {
 void MapWindow::StopWarp() {
   state_.warp.WarpSpeed = 0;
   CalcGroundTrack(sky_, state_);
-  CalcSunMoon(sky_, state_, view_);
+  RecalculateSunAndMoon();
   view_.Clock().ShowGivenTime(false);
   view_.Clock().ShowUniversalTime(false);  // the next tick sets it on again if the setting says so
 }
@@ -301,7 +310,7 @@ void MapWindow::FinalMousedown(bool rightButton, double x, double y) {
     const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, i);
     const double distance = std::abs(x - LonToX(row.Lon, view_.FinalWidthPx(), state_.MapMode)) +
                             std::abs(y - LatToY(row.Lat, view_.FinalHeightPx(), state_.MapMode));
-    if (distance >= best) continue;
+    if (!(distance < best)) continue;  // a row without a place is no nearer than any
     pick = i;
     best = platform::RoundHalfEven(distance);
   }

@@ -62,8 +62,8 @@ bool IsWeatherSatellite(std::string_view name) {
 
 void StartRecording(orbit::Tables& tables, std::string_view name) {
   tables.RecordActive = -1;
-  station::TheRecorder().Show();
-  station::TheRecorder().Start(name);
+  trap([&] { station::TheRecorder().Show(); });
+  trap([&] { station::TheRecorder().Start(name); });
 }
 
 /// Starts and stops automatic recordings at the threshold of "WxEL", for the whole degrees of the elevation. In warp
@@ -166,12 +166,13 @@ void CalcGroundTrack(const orbit::Sky& sky, const MapState& map) {
   });
   for (int step = 0; step <= lastStep; ++step) {
     trackTrap([&] { orbit::Satcalc(sky, At(tables.FaveList, tables.SelSat).Name, moment, false); });
-    trackTrap([&] {
+    const bool stored = trackTrap([&] {
       orbit::TrackRec& row = At(tables.GroundTrack, step);
       row.lat = tables.result.SatLat;
       row.lon = tables.result.SatLon;
       row.colour = tables.result.SatEl <= 0 ? 0x0000FF : 0xFFFFFF;  // red below the horizon, white above
     });
+    if (!stored) return;  // beyond the table, as all further steps would be
     StepForward(moment);
   }
 }

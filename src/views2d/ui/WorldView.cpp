@@ -101,14 +101,16 @@ void WorldView::OnUnload() {
   StationWindow::OnUnload();
 }
 
-void WorldView::RemoteStatChanged(int index) {
-  const QString text = platform::qt::ToQt(behaviour_->State().RemoteStat[static_cast<std::size_t>(index)]);
-  pane_->RemoteStat(index).setText(text);
-  pane_->RemoteStat(index).setToolTip(text);
-}
-
-void WorldView::ShowWarpTime(platform::SerialDate time) {
-  ledClock_->SetValue(time);
+void WorldView::ShowInfoLines() {
+  for (int i = 0; i < kRemoteStatCount; ++i) {
+    if (!changedLines_.test(static_cast<std::size_t>(i))) continue;
+    const QString text = platform::qt::ToQt(behaviour_->State().RemoteStat[static_cast<std::size_t>(i)]);
+    pane_->RemoteStat(i).setText(text);
+    pane_->RemoteStat(i).setToolTip(text);
+  }
+  changedLines_.reset();
+  if (warpTime_) ledClock_->SetValue(*warpTime_);
+  warpTime_.reset();
 }
 
 MapWindowPlace WorldView::PlaceToStore() const {
@@ -145,6 +147,8 @@ void WorldView::RepaintMap() {
   while (paintAsked_ && IsOpen()) {
     paintAsked_ = false;
     canvas_->FitToWidget();
+    // What the base layer leaves uncovered (the last column of an odd width) must not keep the last paint's.
+    canvas_->Back().Clear(platform::kBlack);
     painter_->RepaintMapScreen();
     if (IsOpen()) canvas_->Present();
   }

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <QMenuBar>
+#include <bitset>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/qt/LedClockWidget.h"
@@ -34,8 +36,8 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   void ConnectButtons();
 
   // MapHost and PaintHost
-  void RemoteStatChanged(int index) override;
-  void ShowWarpTime(platform::SerialDate time) override;
+  void RemoteStatChanged(int index) override { changedLines_.set(static_cast<std::size_t>(index)); }
+  void ShowWarpTime(platform::SerialDate time) override { warpTime_ = time; }
   void SelectFavourite(int index) override { behaviour_->FavouriteClicked(index); }
   bool IsOpen() const override { return behaviour_->IsOpen(); }
   MapWindowPlace PlaceToStore() const override;
@@ -51,6 +53,7 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   void ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heightTwips) override;
   void ApplyLayout(const MapLayout& layout) override;
   void LoadWorldPicture(const std::string& file) override;
+  void ShowInfoLines() override;
   void RepaintMap() override;
   void SetDataText(std::string_view text) override;
   platform::LedClock& Clock() override { return *ledClock_; }
@@ -74,6 +77,8 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   std::unique_ptr<MapPictures> pictures_;
   std::unique_ptr<MapPainter> painter_;
   std::unique_ptr<MapMenus> menus_;
+  std::bitset<kRemoteStatCount> changedLines_;
+  std::optional<platform::SerialDate> warpTime_;
   bool painting_ = false;
   bool paintAsked_ = false;
   QWidget* body_ = nullptr;

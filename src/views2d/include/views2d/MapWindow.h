@@ -56,6 +56,9 @@ class MapWindowView : public MapHost, public PaintHost {
   virtual void ApplyLayout(const MapLayout& layout) = 0;
   /// Loads the whole-world picture. @throws platform::Fault
   virtual void LoadWorldPicture(const std::string& file) = 0;
+  /// Shows what RemoteStatChanged and ShowWarpTime have told since the last time, in one go: the tick itself, which
+  /// tells them, takes no memory for the toolkit.
+  virtual void ShowInfoLines() = 0;
   /// Paints the map into its back picture and shows it.
   virtual void RepaintMap() = 0;
   virtual void SetDataText(std::string_view text) = 0;
@@ -123,6 +126,7 @@ class MapWindow {
   void Timer2Tick();
   void ShowClockBySetting();
   void RecalculateInWarp();
+  void RecalculateSunAndMoon();
   void StartWarp();
   void StopWarp();
   void FillDataText();
