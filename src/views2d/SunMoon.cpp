@@ -1,3 +1,5 @@
+#include <array>
+
 #include "orbit/Angles.h"
 #include "platform/Fault.h"
 #include "platform/Format.h"
@@ -78,12 +80,15 @@ const char* MoonPhaseName(double phaseRad) {
     double aboveRad;
     const char* name;
   };
-  static constexpr Row rows[] = {
-      {-2.356194489, "1st Quarter"},        {-1.570707963, "Half waxing"},
-      {-0.785398163, "3rd Quarter waxing"}, {0, "Full"},
-      {0.785398163, "3rd Quarter waning"},  {1.570796326, "Half waning"},
+  static constexpr auto rows = std::to_array<Row>({
+      {-2.356194489, "1st Quarter"},
+      {-1.570707963, "Half waxing"},
+      {-0.785398163, "3rd Quarter waxing"},
+      {0, "Full"},
+      {0.785398163, "3rd Quarter waning"},
+      {1.570796326, "Half waning"},
       {2.356194489, "Last Quarter"},
-  };
+  });
   const char* name = "New Moon";
   for (const Row& row : rows) {
     if (phaseRad > row.aboveRad) name = row.name;

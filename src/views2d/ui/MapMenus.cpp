@@ -1,5 +1,7 @@
 #include "MapMenus.h"
 
+#include <array>
+
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
@@ -14,7 +16,7 @@ constexpr int Mark(MapMark mark) {
 }
 constexpr MapMenuRow kSeparator{nullptr, nullptr, nullptr, nullptr, nullptr, kNoMark, nullptr};
 
-constexpr MapMenuRow kOptions[] = {
+constexpr auto kOptions = std::to_array<MapMenuRow>({
     {"MrecordONoffP", "Record Primary Satellite", "Ctrl+Shift+P", &MapWindow::ToggleRecordPrimary, nullptr,
      Mark(MapMark::kRecordPrimary), nullptr},
     {"MrecordONoff", "Record Weather Satellite Passes", "Ctrl+Shift+W", &MapWindow::ToggleRecordWeather, nullptr,
@@ -22,9 +24,9 @@ constexpr MapMenuRow kOptions[] = {
     {"MspeechONoff", "Speech", "Ctrl+Shift+S", &MapWindow::ToggleSpeech, nullptr, Mark(MapMark::kSpeech), nullptr},
     {"mnuAutoSelect", "Auto Select Satellite in range", "Ctrl+Shift+A", &MapWindow::ToggleAutoSelect, nullptr,
      Mark(MapMark::kAutoSelect), nullptr},
-};
+});
 
-constexpr MapMenuRow kControls[] = {
+constexpr auto kControls = std::to_array<MapMenuRow>({
     {"Mnextsat", "Next Satellite", "Ctrl+Right", &MapWindow::NextSatellite, nullptr, kNoMark, nullptr},
     {"Mprevsat", "Previous Satellite", "Ctrl+Left", &MapWindow::PreviousSatellite, nullptr, kNoMark, nullptr},
     kSeparator,
@@ -41,7 +43,7 @@ constexpr MapMenuRow kControls[] = {
     kSeparator,
     {"mnu2Dcontrols", "2D View Control Panel", "Ctrl+Shift+C", &MapWindow::ShowControlPanel, nullptr, kNoMark,
      "frmCON2D"},
-};
+});
 
 QString EntryName(int index) {
   return platform::qt::ArrayName("MFaveList", index);
