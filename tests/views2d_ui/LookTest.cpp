@@ -93,8 +93,8 @@ TEST_F(MapLook, WithoutAMapPictureEverythingElseIsThere) {
   QWidget& map = Open();
   Run(3);
   ExpectLooksLike(map, "no-picture");
-  EXPECT_FALSE(ErrorLog().empty());
-  for (const std::string& fault : TakeFaults()) EXPECT_EQ(fault, "World Normal BLiTter - StretchBlt error");
+  EXPECT_TRUE(ErrorLog().empty());
+  EXPECT_TRUE(TakeFaults().empty()) << "a missing picture is no error: the base layer is blank";
 }
 
 TEST_F(MapLook, AnyTwoOfThePicturesDiffer) {

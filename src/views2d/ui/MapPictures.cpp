@@ -23,7 +23,7 @@ std::unique_ptr<ImageSurface> Sprite(const QString& name) {
 }  // namespace
 
 MapPictures::MapPictures()
-    : world_(QImage()),
+    : world_(kWorldDesignWidth, kWorldDesignHeight),
       alpha_(kAlphaWidth, kAlphaHeight, 1, ImageSurface::Kind::kMask),
       sun_{Sprite("sun-mask"), Sprite("sun-image")},
       moon_{Sprite("moon-mask"), Sprite("moon-image")} {

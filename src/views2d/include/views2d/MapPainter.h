@@ -13,7 +13,7 @@ namespace kestrava::views2d {
 /// The picture surfaces of a map window. All measured in logical pixels.
 struct MapSurfaces {
   platform::Surface& Final;        ///< the map as the user sees it
-  platform::Surface& WorldNormal;  ///< the whole-world picture; 0 x 0 while none is loaded
+  platform::Surface& WorldNormal;  ///< the whole-world picture; black and of its design size while none is loaded
   platform::Surface& Alpha;        ///< the day and night mask, small and never resized
   platform::Surface& SunMask;
   platform::Surface& SunPic;
@@ -23,6 +23,8 @@ struct MapSurfaces {
   std::array<platform::Surface*, 6> SatPic;
 };
 
+inline constexpr int kWorldDesignWidth = 1400;
+inline constexpr int kWorldDesignHeight = 704;
 inline constexpr int kAlphaWidth = 566;
 inline constexpr int kAlphaHeight = 370;
 
