@@ -10,6 +10,7 @@
 #include "orbit/Tables.h"
 
 #include "BestOfRuns.h"
+#include "DaylightBench.h"
 #include "PlatformBench.h"
 #include "SampleSky.h"
 #include "SearchYardstick.h"
@@ -176,6 +177,7 @@ int main(int argc, char** argv) {
                             {"NextRiseOf500Yardstick", 0, 0, ""},
                             {"PassListOfThreeDays", 0, 0.6e-3, "PassListYardstick"},
                             {"PassListYardstick", 0, 0, ""}});
+  for (const Asked& row : RegisterDaylightBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterPlatformBenchmarks()) asked.push_back(row);
   BestOfRuns reporter(asked);
   benchmark::RunSpecifiedBenchmarks(&reporter);
