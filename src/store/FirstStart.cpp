@@ -65,6 +65,8 @@ void FillBesideAndRename(const fs::path& shipped, const fs::path& target, const 
   files.MakeFolder(beside);
   RemoveAll(beside, files.List(beside));  // of a first start that was killed
   for (const std::string& name : names) CopyShipped(shipped, beside, name);
+  // Another first start at the same moment clears the same folder: what is not whole is not put in place.
+  if (files.List(beside).size() < names.size()) throw platform::Fault::PathFileAccess();
   files.Rename(beside, target);
 }
 
@@ -108,6 +110,7 @@ void SeedFolder(const fs::path& shipped, const fs::path& folder) {
   try {
     FillBesideAndRename(shipped, target, names);
   } catch (const platform::Fault&) {
+    if (platform::TheFiles().FolderExists(target) && !IsNewFolder(target)) return;  // filled by another copy meanwhile
     RemoveAll(BesideOf(target), names);  // a disk that is full stays full otherwise
     if (!platform::TheFiles().FolderExists(target) || !IsNewFolder(target)) throw;
     FillInPlace(shipped, target, names);
