@@ -8,11 +8,13 @@
 namespace kestrava::station {
 
 void AnnouncePositions(const orbit::Tables& tables, bool upOnly) {
+  platform::BeginAnnouncement();
   for (int i = 1; i <= tables.FaveCount; ++i) {
     const orbit::FaveRec& fave = platform::At(tables.FaveList, i);
     if (upOnly && !(fave.El > 0)) continue;
     platform::SayText(orbit::SpokenName(fave.Name) + (upOnly ? " Azimuth " : ", Azimuth ") +
-                      platform::FloorText(fave.Az) + " Elevation " + platform::FloorText(fave.El) + ". ");
+                          platform::FloorText(fave.Az) + " Elevation " + platform::FloorText(fave.El) + ". ",
+                      true, platform::SpeechKind::kAnnouncement);
   }
 }
 

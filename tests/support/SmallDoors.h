@@ -51,9 +51,18 @@ class FixedRandom : public platform::Random {
 
 class RecordingSpeech : public platform::SpeechEngine {
  public:
-  void Speak(std::string_view text) override {
+  void Speak(std::string_view text, platform::SpeechKind kind) override {
     Check();
     said.emplace_back(text);
+    kinds.push_back(kind);
+  }
+  void BeginAnnouncement() override {
+    Check();
+    ++announcements;
+  }
+  void Stop() override {
+    Check();
+    ++stops;
   }
   void SetSpeed(double wordsPerMinute) override {
     Check();
@@ -66,7 +75,12 @@ class RecordingSpeech : public platform::SpeechEngine {
     voice = index;
   }
 
+  std::string State() const override { return "recording"; }
+
   std::vector<std::string> said;
+  std::vector<platform::SpeechKind> kinds;  // one for each text said
+  int announcements = 0;
+  int stops = 0;
   double speed = 0;
   int voice = 0;
   std::vector<std::string> voices{"English", "Scottish"};

@@ -7,28 +7,52 @@
 
 namespace kestrava::platform {
 
+/// How long a text is worth saying. Whatever has begun is said to its end, except where Stop is called.
+enum class SpeechKind {
+  kSentence,        ///< waits its turn, and none is lost
+  kPositionReport,  ///< of no use once it is old: its successor takes its place while it waits
+  kAnnouncement,    ///< one sentence of a full announcement: the next announcement empties what is left of this one
+};
+
 class SpeechEngine {
  public:
   virtual ~SpeechEngine() = default;
-  /// Speaks a text without keeping the caller waiting.
-  virtual void Speak(std::string_view text) = 0;
+  /// Queues a text and returns at once.
+  virtual void Speak(std::string_view text, SpeechKind kind) = 0;
+  /// A full announcement begins: what still waits of an earlier one is dropped.
+  virtual void BeginAnnouncement() = 0;
+  /// Falls silent at once and empties the queue.
+  virtual void Stop() = 0;
+  /// @param wordsPerMinute  beyond what the engine can, its nearest
   virtual void SetSpeed(double wordsPerMinute) = 0;
+  /// Names of the voices, English ones first.
   virtual std::vector<std::string> Voices() const = 0;
   /// @param index  1-based. @throws Fault if there is no such voice
   virtual void SelectVoice(int index) = 0;
+  /// One short line for System information: what engine there is, and whether it is heard.
+  virtual std::string State() const = 0;
 };
 
 /// The engine of a station without a voice.
 class SilentSpeech : public SpeechEngine {
  public:
-  void Speak(std::string_view) override {}
+  void Speak(std::string_view, SpeechKind) override {}
+  void BeginAnnouncement() override {}
+  void Stop() override {}
   void SetSpeed(double) override {}
   std::vector<std::string> Voices() const override { return {}; }
   void SelectVoice(int) override {}
+  std::string State() const override { return "none"; }
 };
 
 /// Says a text if the setting Speechpack is not "0". A fault of the engine is dropped without a word.
 /// @param wait  has no effect; callers give what they always gave
-void SayText(std::string_view text, bool wait = true);
+void SayText(std::string_view text, bool wait = true, SpeechKind kind = SpeechKind::kSentence);
+
+/// Before the first sentence of a full announcement; under the same gate as SayText.
+void BeginAnnouncement();
+
+/// The user's "be quiet": under the same gate, so that a station without speech never touches the engine.
+void StopSpeaking();
 
 }  // namespace kestrava::platform
