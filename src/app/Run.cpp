@@ -10,6 +10,7 @@
 #include "platform/Fault.h"
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
+#include "platform/linux/PosixFolders.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/XdgSettings.h"
 #include "platform/qt/QtDoors.h"
@@ -83,7 +84,8 @@ std::optional<store::ZonePlace> PlaceOfTheMachine() {
 /// Fills a new folder. @return false if it could not, which has been said
 bool PrepareFolder(const fs::path& shipped, const std::string& folder) {
   try {
-    store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine());
+    platform::PosixFolders folders;
+    store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine(), folders);
     return true;
   } catch (const platform::Fault& fault) {
     shell::ReportFatal(

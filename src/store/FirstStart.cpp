@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <memory>
+#include <utility>
 #include <vector>
 
 #include "orbit/ElementReader.h"
@@ -18,6 +20,10 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::string_view kMarkOfAFolder = "groups.dat";
+constexpr std::string_view kBeside = ".new-";
+constexpr std::string_view kDigits = "0123456789abcdef";
+constexpr int kDigitsBeside = 12;
+constexpr int kNamesTried = 100;
 constexpr std::array<std::string_view, 4> kLocationKeys{"Location Name", "Latitude", "Longitude", "HASL"};
 
 /// The folder without the separator at its end, so that a name can be put behind its own.
@@ -49,33 +55,95 @@ std::vector<std::string> ShippedNames(const fs::path& shipped) {
   return names;
 }
 
-void RemoveAll(const fs::path& folder, const std::vector<std::string>& names) {
-  for (const std::string& name : names) {
-    if (platform::FileExists(folder / name)) platform::TheFiles().Remove(folder / name);
+/// A name that no other first start has: the target's, with a number behind it.
+fs::path NameBeside(const fs::path& target) {
+  std::string number;
+  for (int digit = 0; digit < kDigitsBeside; ++digit) {
+    number += kDigits[static_cast<std::size_t>(platform::TheRandom().Next() * static_cast<double>(kDigits.size()))];
+  }
+  return target.parent_path() / (target.filename().string() + std::string(kBeside) + number);
+}
+
+bool IsNameBeside(std::string_view name, const fs::path& target) {
+  const std::string beginning = target.filename().string() + std::string(kBeside);
+  return platform::BeginsWith(name, beginning) && name.size() == beginning.size() + kDigitsBeside &&
+         name.find_first_not_of(kDigits, beginning.size()) == std::string_view::npos;
+}
+
+/// A folder that this start alone fills. Others know by the hold that it is in use.
+struct OwnFolder {
+  fs::path path;
+  std::unique_ptr<platform::FolderHold> hold;
+};
+
+OwnFolder MakeOwnFolder(const fs::path& target, platform::Folders& folders) {
+  for (int i = 0; i < kNamesTried; ++i) {
+    const fs::path path = NameBeside(target);
+    if (!folders.Make(path)) continue;
+    try {
+      // None if another start has cleared it away before it was held.
+      if (auto hold = folders.TryHold(path)) return {path, std::move(hold)};
+    } catch (const platform::Fault&) {
+      return {path, nullptr};  // a medium without holds: there nobody clears away what he cannot hold
+    }
+  }
+  throw platform::Fault::PathFileAccess();
+}
+
+/// What cannot be removed stays: it does no harm but take room.
+void RemoveQuietly(const fs::path& folder, platform::Folders& folders) {
+  try {
+    folders.Remove(folder);
+  } catch (const platform::Fault&) {
+    return;
   }
 }
 
-fs::path BesideOf(const fs::path& target) {
-  return target.parent_path() / (target.filename().string() + ".new");
+/// Folders of first starts that were killed. One that a living start is filling is held by it, and stays.
+void RemoveAbandoned(const fs::path& target, platform::Folders& folders) {
+  for (const std::string& name : folders.List(target.parent_path())) {
+    if (!IsNameBeside(name, target)) continue;
+    try {
+      if (const auto hold = folders.TryHold(target.parent_path() / name)) folders.Remove(target.parent_path() / name);
+    } catch (const platform::Fault&) {
+      continue;  // not ours to remove
+    }
+  }
 }
 
-void FillBesideAndRename(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names) {
-  platform::Files& files = platform::TheFiles();
-  const fs::path beside = BesideOf(target);
-  files.MakeFolder(beside);
-  RemoveAll(beside, files.List(beside));  // of a first start that was killed
-  for (const std::string& name : names) CopyShipped(shipped, beside, name);
-  // Another first start at the same moment clears the same folder: what is not whole is not put in place.
-  if (files.List(beside).size() < names.size()) throw platform::Fault::PathFileAccess();
-  files.Rename(beside, target);
+void FillBesideAndRename(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names,
+                         platform::Folders& folders) {
+  platform::TheFiles().MakeFolder(target.parent_path());
+  const OwnFolder beside = MakeOwnFolder(target, folders);
+  try {
+    for (const std::string& name : names) CopyShipped(shipped, beside.path, name);
+    platform::TheFiles().Rename(beside.path, target);
+  } catch (const platform::Fault&) {
+    RemoveQuietly(beside.path, folders);  // a disk that is full stays full otherwise
+    throw;
+  }
 }
 
-/// For an empty folder that cannot be renamed over: the root of a stick, or a link to a folder elsewhere.
-void FillInPlace(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names) {
+std::unique_ptr<platform::FolderHold> HoldWherePossible(const fs::path& target, platform::Folders& folders) {
+  try {
+    return folders.Hold(target);
+  } catch (const platform::Fault&) {
+    return nullptr;
+  }
+}
+
+/// For an empty folder that cannot be renamed over: the root of a stick, or a link to a folder elsewhere. One start at
+/// a time; the next one finds it filled.
+void FillInPlace(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names,
+                 platform::Folders& folders) {
+  const auto hold = HoldWherePossible(target, folders);
+  if (!IsNewFolder(target)) return;
   try {
     for (const std::string& name : names) CopyShipped(shipped, target, name);
   } catch (const platform::Fault&) {
-    RemoveAll(target, names);
+    for (const std::string& name : names) {
+      if (platform::FileExists(target / name)) platform::TheFiles().Remove(target / name);
+    }
     throw;
   }
 }
@@ -104,16 +172,15 @@ bool IsNewFolder(const fs::path& folder) {
   return platform::TheFiles().FolderIsEmpty(Bare(folder));
 }
 
-void SeedFolder(const fs::path& shipped, const fs::path& folder) {
+void SeedFolder(const fs::path& shipped, const fs::path& folder, platform::Folders& folders) {
   const std::vector<std::string> names = ShippedNames(shipped);
   const fs::path target = Bare(folder);
   try {
-    FillBesideAndRename(shipped, target, names);
+    FillBesideAndRename(shipped, target, names, folders);
   } catch (const platform::Fault&) {
-    if (platform::TheFiles().FolderExists(target) && !IsNewFolder(target)) return;  // filled by another copy meanwhile
-    RemoveAll(BesideOf(target), names);  // a disk that is full stays full otherwise
-    if (!platform::TheFiles().FolderExists(target) || !IsNewFolder(target)) throw;
-    FillInPlace(shipped, target, names);
+    if (!platform::TheFiles().FolderExists(target)) throw;
+    if (IsNewFolder(target)) FillInPlace(shipped, target, names, folders);
+    // Otherwise another copy has filled it meanwhile: that one is taken as it is.
   }
 }
 
@@ -127,9 +194,11 @@ void WriteFirstLocation(const ZonePlace& place) {
   for (std::size_t i = 0; i < values.size(); ++i) platform::WriteSetting(kLocationKeys[i], values[i]);
 }
 
-bool PrepareFirstStart(const fs::path& shipped, const fs::path& folder, const std::optional<ZonePlace>& place) {
+bool PrepareFirstStart(const fs::path& shipped, const fs::path& folder, const std::optional<ZonePlace>& place,
+                       platform::Folders& folders) {
+  RemoveAbandoned(Bare(folder), folders);
   if (!IsNewFolder(folder)) return false;
-  SeedFolder(shipped, folder);
+  SeedFolder(shipped, folder, folders);
   if (place) WriteFirstLocation(*place);
   return true;
 }

@@ -9,6 +9,7 @@
 
 #include "platform/SerialDate.h"
 #include "platform/linux/PosixFiles.h"
+#include "platform/linux/PosixFolders.h"
 #include "store/FirstStart.h"
 
 #include "support/House.h"
@@ -33,6 +34,7 @@ class FirstStartOnDisk : public testing::House {
 
   const fs::path shipped_ = KESTRAVA_SOURCE_DIR "data/sample";
   platform::PosixFiles disk_;
+  platform::PosixFolders folders_;
   std::unique_ptr<platform::ScopedDoors> doors_;
   const testing::TempFolder temp_;
   const fs::path home_ = temp_.Path();
@@ -41,28 +43,28 @@ class FirstStartOnDisk : public testing::House {
 TEST_F(FirstStartOnDisk, FillsAnEmptyFolderInOneStepWithTheDateOfTheElements) {
   const fs::path folder = home_ / "kestrava";
   fs::create_directory(folder);
-  EXPECT_TRUE(PrepareFirstStart(shipped_, folder.string() + "/", {}));
+  EXPECT_TRUE(PrepareFirstStart(shipped_, folder.string() + "/", {}, folders_));
   EXPECT_EQ(FilesIn(folder), FilesIn(shipped_));
   EXPECT_EQ(FilesIn(home_), 1U) << "nothing stays beside it";
   const platform::DateParts dated = platform::SplitSerial(disk_.ModifiedLocal(folder / "amateur.txt"));
   EXPECT_EQ(dated.year, 2026);
   EXPECT_EQ(dated.month, 11);
-  EXPECT_FALSE(PrepareFirstStart(shipped_, folder, {})) << "it is not new any more";
+  EXPECT_FALSE(PrepareFirstStart(shipped_, folder, {}, folders_)) << "it is not new any more";
 }
 
 TEST_F(FirstStartOnDisk, AFolderThatHoldsOnlyAFolderIsNotNew) {
   fs::create_directories(home_ / "kestrava" / "3D");
-  EXPECT_FALSE(PrepareFirstStart(shipped_, home_ / "kestrava", {}));
+  EXPECT_FALSE(PrepareFirstStart(shipped_, home_ / "kestrava", {}, folders_));
   EXPECT_EQ(FilesIn(home_ / "kestrava"), 1U);
 }
 
 TEST_F(FirstStartOnDisk, ALinkToAnEmptyFolderIsFilledWhereItPoints) {
   fs::create_directory(home_ / "elsewhere");
   fs::create_directory_symlink(home_ / "elsewhere", home_ / "kestrava");
-  EXPECT_TRUE(PrepareFirstStart(shipped_, home_ / "kestrava", {}));
+  EXPECT_TRUE(PrepareFirstStart(shipped_, home_ / "kestrava", {}, folders_));
   EXPECT_EQ(FilesIn(home_ / "elsewhere"), FilesIn(shipped_));
   EXPECT_TRUE(fs::is_symlink(home_ / "kestrava"));
-  EXPECT_FALSE(fs::exists(home_ / "kestrava.new" / "groups.dat")) << "what was made beside it is cleared away";
+  EXPECT_EQ(FilesIn(home_), 2U) << "what was made beside it is cleared away";
 }
 
 }  // namespace

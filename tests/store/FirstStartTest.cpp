@@ -9,6 +9,7 @@
 #include "store/FirstStart.h"
 
 #include "support/House.h"
+#include "support/MemoryFolders.h"
 
 namespace kestrava::store {
 namespace {
@@ -37,6 +38,9 @@ class FirstStart : public testing::House {
     return bytes;
   }
   std::vector<std::string> Names() { return files.List("/home/user/.local/share/kestrava"); }
+  bool NothingBeside() { return folders.List("/home/user/.local/share").empty(); }
+
+  testing::MemoryFolders folders{files};
   const std::vector<std::string> kAll{"Default.jpg", "amateur.txt", "groups.dat", "history.txt"};
 };
 
@@ -49,73 +53,67 @@ TEST_F(FirstStart, AnAbsentOrEmptyFolderIsNew) {
 }
 
 TEST_F(FirstStart, FillsAnAbsentFolderWithAllThatIsShipped) {
-  EXPECT_TRUE(PrepareFirstStart(kShipped, kFolder, {}));
+  EXPECT_TRUE(PrepareFirstStart(kShipped, kFolder, {}, folders));
   EXPECT_EQ(Names(), kAll);
   for (const std::string& name : kAll) EXPECT_EQ(At(name), files.Content(kShipped / name)) << name;
-  EXPECT_FALSE(files.FolderExists("/home/user/.local/share/kestrava.new"));
+  EXPECT_TRUE(NothingBeside());
 }
 
 TEST_F(FirstStart, FillsAnEmptyFolder) {
   files.MakeFolder(kFolder);
-  EXPECT_TRUE(PrepareFirstStart(kShipped, kFolder, {}));
+  EXPECT_TRUE(PrepareFirstStart(kShipped, kFolder, {}, folders));
   EXPECT_EQ(Names(), kAll);
 }
 
 TEST_F(FirstStart, MakesTheFoldersAbove) {
-  EXPECT_TRUE(PrepareFirstStart(kShipped, "/elsewhere/deep/down/", {}));
+  EXPECT_TRUE(PrepareFirstStart(kShipped, "/elsewhere/deep/down/", {}, folders));
   EXPECT_TRUE(files.Exists("/elsewhere/deep/down/groups.dat"));
 }
 
 TEST_F(FirstStart, LeavesAFolderAloneThatHoldsAnything) {
   files.Put(kFolder / "faves.dat", "MINE\n");
   const int changes = files.ChangeCount();
-  EXPECT_FALSE(PrepareFirstStart(kShipped, kFolder, ZonePlace{"Europe/Berlin", 52.5, 13.3667}));
+  EXPECT_FALSE(PrepareFirstStart(kShipped, kFolder, ZonePlace{"Europe/Berlin", 52.5, 13.3667}, folders));
   EXPECT_EQ(Names(), std::vector<std::string>{"faves.dat"});
   EXPECT_EQ(files.ChangeCount(), changes);
   EXPECT_TRUE(settings.Writes().empty());
 }
 
 TEST_F(FirstStart, ElementFilesCarryTheDateOfTheirNewestElements) {
-  SeedFolder(kShipped, kFolder);
+  SeedFolder(kShipped, kFolder, folders);
   const platform::DateParts dated = platform::SplitSerial(files.ModifiedLocal(kFolder / "amateur.txt"));
   EXPECT_EQ(dated, (platform::DateParts{2026, 11, 14, 22, 17, 31}));  // day 318.92882759 of 2026
 }
 
 TEST_F(FirstStart, OtherFilesKeepTheirDate) {
   files.SetModifiedUtc(kShipped / "history.txt", platform::MakeSerial({2020, 2, 3, 4, 5, 6}));
-  SeedFolder(kShipped, kFolder);
+  SeedFolder(kShipped, kFolder, folders);
   EXPECT_EQ(platform::SplitSerial(files.ModifiedLocal(kFolder / "history.txt")),
             (platform::DateParts{2020, 2, 3, 4, 5, 6}));
-}
-
-TEST_F(FirstStart, ClearsAwayWhatAKilledFirstStartLeft) {
-  files.Put("/home/user/.local/share/kestrava.new/half.txt", "half");
-  SeedFolder(kShipped, kFolder);
-  EXPECT_EQ(Names(), kAll);
 }
 
 TEST_F(FirstStart, FillsInPlaceAFolderThatCannotBeRenamedOver) {
   files.MakeFolder(kFolder);
   files.BreakFile("/home/user/.local/share/kestrava", platform::Fault::PathFileAccess());  // a mount point, say
-  SeedFolder(kShipped, kFolder);
+  SeedFolder(kShipped, kFolder, folders);
   EXPECT_EQ(Names(), kAll);
 }
 
 TEST_F(FirstStart, WithoutShippedDataNothingIsMade) {
-  EXPECT_THROW(SeedFolder("/nowhere", kFolder), platform::Fault);
-  EXPECT_FALSE(files.FolderExists("/home/user/.local/share/kestrava.new"));
+  EXPECT_THROW(SeedFolder("/nowhere", kFolder, folders), platform::Fault);
+  EXPECT_TRUE(NothingBeside());
   EXPECT_TRUE(IsNewFolder(kFolder));
 }
 
 TEST_F(FirstStart, ABrokenDeviceLeavesAnAbsentFolderNew) {
   for (std::size_t bytes = 0; bytes < ShippedBytes(); bytes += 13) {
     files.BreakWriteAfter(bytes);
-    EXPECT_THROW(SeedFolder(kShipped, kFolder), platform::Fault) << bytes;
+    EXPECT_THROW(SeedFolder(kShipped, kFolder, folders), platform::Fault) << bytes;
     files.Mend();
     EXPECT_TRUE(IsNewFolder(kFolder)) << bytes;
-    EXPECT_TRUE(IsNewFolder("/home/user/.local/share/kestrava.new")) << "what was copied so far takes room of the disk";
+    EXPECT_TRUE(NothingBeside()) << "what was copied so far takes room of the disk";
   }
-  SeedFolder(kShipped, kFolder);
+  SeedFolder(kShipped, kFolder, folders);
   EXPECT_EQ(Names(), kAll);
 }
 
@@ -123,14 +121,14 @@ TEST_F(FirstStart, ABrokenDeviceLeavesAnEmptyFolderEmpty) {
   files.MakeFolder(kFolder);
   for (std::size_t bytes = 0; bytes < ShippedBytes(); bytes += 13) {
     files.BreakWriteAfter(bytes);
-    EXPECT_THROW(SeedFolder(kShipped, kFolder), platform::Fault) << bytes;
+    EXPECT_THROW(SeedFolder(kShipped, kFolder, folders), platform::Fault) << bytes;
     files.Mend();
     EXPECT_TRUE(IsNewFolder(kFolder)) << bytes;
   }
 }
 
 TEST_F(FirstStart, WritesThePlaceOfTheTimeZone) {
-  PrepareFirstStart(kShipped, kFolder, ZonePlace{"America/New_York", 40.714167, -74.006389});
+  PrepareFirstStart(kShipped, kFolder, ZonePlace{"America/New_York", 40.714167, -74.006389}, folders);
   EXPECT_EQ(settings.Get("Location Name"), "New York");
   EXPECT_EQ(settings.Get("Latitude"), "40.7142");
   EXPECT_EQ(settings.Get("Longitude"), "74.0064");

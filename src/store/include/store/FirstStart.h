@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/Folders.h"
+
 namespace kestrava::store {
 
 /// The place that stands for the machine's time zone.
@@ -19,19 +21,21 @@ struct ZonePlace {
 /// True if there is no such folder, or nothing in it.
 bool IsNewFolder(const std::filesystem::path& folder);
 
-/// Fills a new folder: a copy of the shipped one is made beside it and renamed into place in one step, so that a kill
-/// leaves it new or whole. (An empty folder that cannot be renamed over, as the root of a stick, is filled in place,
+/// Fills a new folder: a copy of the shipped one is made beside it, under a name that this start alone has, and renamed
+/// into place in one step, so that a kill leaves it new or whole, and of several starts at the same moment one fills it
+/// and the others take that. (An empty folder that cannot be renamed over, as the root of a stick, is filled in place,
 /// groups.dat last.) Element files are given the date of their newest elements.
 /// @throws platform::Fault "File not found" without shipped data, or what the disk says; the folder is then new as
 /// before
-void SeedFolder(const std::filesystem::path& shipped, const std::filesystem::path& folder);
+void SeedFolder(const std::filesystem::path& shipped, const std::filesystem::path& folder, platform::Folders& folders);
 
 /// Writes the four settings of the primary location, unless one of them is already there.
 void WriteFirstLocation(const ZonePlace& place);
 
-/// All that a first start does, if it is one. @return true if the folder was new
+/// All that a first start does, if it is one, after clearing away what killed ones have left beside the folder.
+/// @return true if the folder was new
 bool PrepareFirstStart(const std::filesystem::path& shipped, const std::filesystem::path& folder,
-                       const std::optional<ZonePlace>& place);
+                       const std::optional<ZonePlace>& place, platform::Folders& folders);
 
 /// True if a file of that name is shipped (a plain name, without regard to case).
 bool IsShipped(const std::filesystem::path& shipped, std::string_view fileName);
