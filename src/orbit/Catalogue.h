@@ -39,6 +39,8 @@ class Catalogue {
   /// however they are written.
   /// @return nothing if no satellite has the name
   const Sgp4* Find(std::string_view name) const;
+  /// The element set behind a model that Find gave.
+  const ElementSet& SetOf(const Sgp4& model) const { return sets_[static_cast<std::size_t>(&model - models_.data())]; }
 
  private:
   std::size_t SlotOf(std::string_view key) const;

@@ -127,6 +127,10 @@ const Sgp4& OrbitEngine::Model(std::string_view satellite) const {
   return *model;
 }
 
+int OrbitEngine::CatalogueNumber(std::string_view satellite) const {
+  return catalogue_->SetOf(Model(satellite)).catalogueNumber;
+}
+
 Sgp4State OrbitEngine::Propagate(std::string_view satellite, double utcSerial) const {
   const Sgp4& model = Model(satellite);
   return model.Propagate(model.MinutesSinceEpoch(utcSerial));

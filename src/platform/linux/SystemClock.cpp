@@ -1,5 +1,6 @@
 #include "platform/linux/SystemClock.h"
 
+#include <cmath>
 #include <ctime>
 
 namespace kestrava::platform {
@@ -28,6 +29,12 @@ ClockReading SystemClock::Read() {
     ::tzset();
   }
   return ReadingOf(now.tv_sec, now.tv_nsec);
+}
+
+SerialDate SystemClock::LocalAt(SerialDate utc) {
+  const double unixSeconds = std::floor((utc - kUnixEpoch) * kSecondsPerDay + 0.5);
+  const ClockReading at = ReadingOf(static_cast<long long>(unixSeconds), 0);
+  return utc + (at.local - at.utc);
 }
 
 }  // namespace kestrava::platform

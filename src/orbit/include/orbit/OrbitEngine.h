@@ -109,6 +109,8 @@ class OrbitEngine {
   bool Knows(std::string_view satellite) const;
   /// The model of a satellite, alive as long as the engine keeps its folder.
   const Sgp4& Model(std::string_view satellite) const;
+  /// Its number in the catalogue, which stays the same whatever it is called.
+  int CatalogueNumber(std::string_view satellite) const;
   Sgp4State Propagate(std::string_view satellite, double utcSerial) const;
   /// @param object  a satellite, "sun" or "moon"; @throws platform::Fault where the model gives no position
   ObjectPlace PlaceOf(std::string_view object, double utcSerial) const;

@@ -15,6 +15,12 @@ class Clock {
  public:
   virtual ~Clock() = default;
   virtual ClockReading Read() = 0;
+  /// Local time of any moment, by the rules of the machine's zone for its date; a clock that knows no zone takes the
+  /// offset of the present. @param utc  serial date, Universal Time
+  virtual SerialDate LocalAt(SerialDate utc) {
+    const ClockReading now = Read();
+    return utc + (now.local - now.utc);
+  }
 };
 
 /// Milliseconds that only ever go forward, for measuring how long something took. Not a time of day.

@@ -13,6 +13,7 @@ namespace kestrava::platform {
 class SystemClock : public Clock {
  public:
   ClockReading Read() override;
+  SerialDate LocalAt(SerialDate utc) override;
 
  private:
   long long zoneReadMinute_ = -1;
