@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QEvent>
 #include <QMenu>
+#include <QVariant>
 #include <cstdio>
 
 #include "platform/Doors.h"
@@ -44,8 +45,11 @@ void UnloadWidget(QWidget* widget) {
   if (auto* window = dynamic_cast<platform::Window*>(widget)) platform::TheWindows().Unload(*window);
 }
 
-/// A window with a painted surface has its picture only when its surface has one.
+/// A window with a painted surface has its picture only when its surface has one, and one that fills itself by a timer
+/// says so.
 bool AllPresented(const QWidget& window) {
+  const QVariant filled = window.property(platform::qt::kFilledProperty);
+  if (filled.isValid() && !filled.toBool()) return false;
   for (const auto* surface : window.findChildren<platform::qt::SurfaceWidget*>()) {
     if (surface->isVisible() && !surface->HasPresented()) return false;
   }

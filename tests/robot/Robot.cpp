@@ -3,9 +3,11 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QHeaderView>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QSlider>
+#include <QTableView>
 #include <QTest>
 #include <QToolButton>
 
@@ -70,11 +72,11 @@ void Robot::Act() {
     Deed deed;
   };
   static constexpr Weighted kDeeds[] = {
-      {30, &Robot::LetTimePass},         {1, &Robot::LetHoursPass},  {12, &Robot::ClickAButton},
-      {12, &Robot::ChooseAMenuEntry},    {12, &Robot::ClickTheMap},  {10, &Robot::PressAKey},
-      {6, &Robot::MoveASlider},          {6, &Robot::ResizeAWindow}, {2, &Robot::MinimiseAWindow},
-      {6, &Robot::ChangeASetting},       {5, &Robot::OpenAWindow},   {4, &Robot::CloseAWindow},
-      {4, &Robot::ComeBackToTheLauncher}};
+      {30, &Robot::LetTimePass},      {1, &Robot::LetHoursPass},         {12, &Robot::ClickAButton},
+      {12, &Robot::ChooseAMenuEntry}, {12, &Robot::ClickTheMap},         {10, &Robot::PressAKey},
+      {6, &Robot::MoveASlider},       {6, &Robot::ResizeAWindow},        {2, &Robot::MinimiseAWindow},
+      {4, &Robot::ClickTheTable},     {6, &Robot::ChangeASetting},       {5, &Robot::OpenAWindow},
+      {4, &Robot::CloseAWindow},      {4, &Robot::ComeBackToTheLauncher}};
   int sum = 0;
   for (const Weighted& each : kDeeds) sum += each.weight;
   int drawn = Below(sum);
@@ -144,6 +146,21 @@ void Robot::ClickTheMap() {
   Do("clicks the map", [=] { QTest::mouseClick(map, button, {}, at); });
 }
 
+void Robot::ClickTheTable() {
+  QWidget* window = SomeWindow();
+  auto* table = window ? window->findChild<QTableView*>("TabList") : nullptr;
+  if (!table) return;
+  static const std::vector<Qt::KeyboardModifier> modifiers{Qt::NoModifier, Qt::ControlModifier, Qt::ShiftModifier};
+  const bool head = Below(2) == 0;
+  QWidget* area = head ? table->horizontalHeader()->viewport() : table->viewport();
+  if (area->width() < 2 || area->height() < 2) return;
+  const QPoint at(Below(area->width()), Below(area->height()));
+  const Qt::MouseButton button = Below(4) == 0 ? Qt::RightButton : Qt::LeftButton;
+  const Qt::KeyboardModifier modifier = OneOf(modifiers);
+  Do(head ? "clicks a head of the table" : "clicks a row of the table",
+     [=] { QTest::mouseClick(area, button, modifier, at); });
+}
+
 void Robot::PressAKey() {
   QWidget* window = SomeWindow();
   if (!window) return;
@@ -191,7 +208,7 @@ void Robot::ChangeASetting() {
 
 void Robot::OpenAWindow() {
   static const std::vector<const char*> modes{"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
-  static const std::vector<const char*> others{"About", "SystemInformation", "WorldView"};
+  static const std::vector<const char*> others{"About", "SystemInformation", "WorldView", "Tabular"};
   const char* mode = OneOf(modes);
   const std::string other = OneOf(others);
   const bool quadrant = Below(3) == 0 && station_.Windows().Loaded().size() < 8;

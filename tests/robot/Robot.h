@@ -37,6 +37,7 @@ class Robot {
   void ClickAButton();
   void ChooseAMenuEntry();
   void ClickTheMap();
+  void ClickTheTable();
   void PressAKey();
   void MoveASlider();
   void ResizeAWindow();

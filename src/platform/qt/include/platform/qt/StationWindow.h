@@ -16,6 +16,8 @@ namespace kestrava::platform::qt {
 
 inline constexpr int kTwipsPerPixel = 15;  // 1/1440 inch at 96 dpi
 inline constexpr int kUntoldActivationMs = 500;
+/// A window that has nothing to show before its first tick has this property: false until then, true from there on.
+inline constexpr const char* kFilledProperty = "filled";
 
 constexpr int TwipsToPixels(long twips) {
   return static_cast<int>((twips >= 0 ? twips + kTwipsPerPixel / 2 : twips - kTwipsPerPixel / 2) / kTwipsPerPixel);
