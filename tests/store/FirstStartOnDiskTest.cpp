@@ -52,6 +52,19 @@ TEST_F(FirstStartOnDisk, FillsAnEmptyFolderInOneStepWithTheDateOfTheElements) {
   EXPECT_FALSE(PrepareFirstStart(shipped_, folder, {}, folders_)) << "it is not new any more";
 }
 
+TEST_F(FirstStartOnDisk, BringsTheSceneriesOfTheHorizonToANewFolderAlone) {
+  const fs::path fresh = home_ / "fresh", old = home_ / "old";
+  EXPECT_TRUE(PrepareFirstStart(shipped_, fresh, {}));
+  fs::create_directory(old);
+  fs::copy_file(shipped_ / "groups.dat", old / "groups.dat");  // of a release without sceneries
+  EXPECT_FALSE(PrepareFirstStart(shipped_, old, {}));
+  for (const char* scenery : {"hdefault.jpg", "hmoonlit.jpg", "hsea.jpg"}) {
+    ASSERT_TRUE(fs::exists(fresh / scenery)) << scenery;
+    EXPECT_EQ(disk_.Read(fresh / scenery), disk_.Read(shipped_ / scenery)) << scenery;
+    EXPECT_FALSE(fs::exists(old / scenery)) << scenery;
+  }
+}
+
 TEST_F(FirstStartOnDisk, AFolderThatHoldsOnlyAFolderIsNotNew) {
   fs::create_directories(home_ / "kestrava" / "3D");
   EXPECT_FALSE(PrepareFirstStart(shipped_, home_ / "kestrava", {}, folders_));

@@ -241,11 +241,14 @@ TEST(SampleLink, HoverTextAndTargetStandInTwoLines) {
   EXPECT_TRUE(lines[1].starts_with("https://")) << lines[1];
 }
 
-TEST(SamplePictures, MapsHaveTheDesignSize) {
+TEST(SamplePictures, MapsAndSceneriesHaveTheDesignSize) {
   for (const char* name : {"Default", "Night", "Relief", "Chart"}) {
     EXPECT_EQ(JpegSize(Bytes("sample/" + std::string(name) + ".jpg")), (Size{1400, 704})) << name;
   }
   EXPECT_EQ(JpegSize(Bytes("sample/Large.jpg")), (Size{2800, 1408}));
+  for (const char* name : {"hdefault", "hmoonlit", "hsea"}) {
+    EXPECT_EQ(JpegSize(Bytes("sample/" + std::string(name) + ".jpg")), (Size{3200, 1360})) << name;
+  }
   EXPECT_EQ(JpegSize(Bytes("sample/cust1.dat")), (Size{140, 60}));
 }
 

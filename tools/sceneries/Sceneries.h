@@ -1,0 +1,11 @@
+#pragma once
+// The sceneries of the panoramic horizon view.
+#include <QImage>
+
+namespace kestrava::tools {
+
+QImage DuskScenery();     ///< the last light in the west, hills, a village, a station's mast
+QImage MoonlitScenery();  ///< mountains and broken clouds in the light of a Moon outside the picture
+QImage SeaScenery();      ///< a bay with a lighthouse after sunset
+
+}  // namespace kestrava::tools

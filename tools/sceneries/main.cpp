@@ -1,0 +1,32 @@
+// Draws the sceneries of the horizon view:
+//   make_sceneries FOLDER
+// The same program on the same machine writes the same bytes at every run: all chance is seeded. Another processor's
+// arithmetic or another release of Qt or of its JPEG library may turn single pixels by a shade.
+#include <QDir>
+#include <QGuiApplication>
+#include <QImageWriter>
+
+#include "Sceneries.h"
+
+namespace {
+
+void SaveJpeg(const QImage& image, const QString& file) {
+  constexpr int kQuality = 94;
+  QImageWriter writer(file, "jpg");
+  writer.setQuality(kQuality);
+  writer.setOptimizedWrite(true);
+  if (!writer.write(image)) qFatal("cannot write %s", qPrintable(file));
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QGuiApplication application(argc, argv);
+  if (argc != 2) qFatal("usage: make_sceneries FOLDER");
+  const QString folder = QString::fromLocal8Bit(argv[1]) + "/";
+  QDir().mkpath(folder);
+  SaveJpeg(kestrava::tools::DuskScenery(), folder + "hdefault.jpg");
+  SaveJpeg(kestrava::tools::MoonlitScenery(), folder + "hmoonlit.jpg");
+  SaveJpeg(kestrava::tools::SeaScenery(), folder + "hsea.jpg");
+  return 0;
+}
