@@ -1,7 +1,7 @@
 // Draws the sceneries of the horizon view:
 //   make_sceneries FOLDER
-// The same program on the same machine writes the same bytes at every run: all chance is seeded. Another processor's
-// arithmetic or another release of Qt or of its JPEG library may turn single pixels by a shade.
+// The same build writes the same bytes at every run: all chance is seeded. Other compiler options (the root's are not
+// those of tools/ alone) or another release of Qt or of its JPEG library may turn single pixels by a shade.
 #include <QDir>
 #include <QGuiApplication>
 #include <QImageWriter>
