@@ -1,5 +1,6 @@
 #include "Run.h"
 
+#include <QSocketNotifier>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/linux/EndSignals.h"
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/PosixFolders.h"
@@ -17,6 +19,7 @@
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/Theme.h"
 #include "shell/FatalFault.h"
+#include "shell/Shutdown.h"
 #include "shell/ui/LauncherWindow.h"
 #include "store/DataFolder.h"
 #include "store/FirstStart.h"
@@ -105,6 +108,14 @@ shell::LauncherSetup SetupOf(const Machine& machine, const std::string& folder, 
           &shipped};
 }
 
+/// What the user gets by closing the launcher. The loop is told first: the run ends with 0 even if the launcher had not
+/// come to work yet. No message box holds up an end that the system wants.
+void EndInOrder(Machine& machine) {
+  machine.messages.GoSilent();
+  platform::TheEventLoop().Quit(0);
+  if (auto* launcher = dynamic_cast<QWidget*>(platform::TheWindows().Find(shell::kLauncherName))) launcher->close();
+}
+
 }  // namespace
 
 bool Application::notify(QObject* receiver, QEvent* event) {
@@ -115,9 +126,17 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 int Run(const CommandLine& commandLine) {
   Machine machine;
+  const platform::EndSignals endSignals;
+  QSocketNotifier endWanted(endSignals.Descriptor(), QSocketNotifier::Read);
+  QObject::connect(&endWanted, &QSocketNotifier::activated, &endWanted, [&] {
+    endWanted.setEnabled(false);
+    EndInOrder(machine);
+  });
   platform::qt::ApplyThemeFromSettings();
   ShippedData shipped(FindShippedData(ProgramFolder()));
   const std::string folder = FindDataFolder(commandLine);
+  platform::RemoveUnfinished(machine.settingsFolder);
+  platform::RemoveUnfinished(folder);
   if (!PrepareFolder(shipped.Folder(), folder)) return shell::kFatalExitCode;
   const shell::LauncherSetup setup = SetupOf(machine, folder, shipped);
   const auto names = RegisterWindows(*machine.windows, setup, {setup.settingsFile, shipped.Folder().string()});

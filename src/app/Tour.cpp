@@ -136,6 +136,7 @@ bool Tour::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void Tour::NextStop() {
+  if (!Loaded(shell::kLauncherName)) return;  // the run was ended in the middle of the tour
   if (stops_.empty()) return End(splashSaved_);
   patience_.start();
   calm_.stop();  // taking a picture paints, which started it again

@@ -8,6 +8,7 @@
 #include <unistd.h>
 
 #include "platform/Fault.h"
+#include "platform/linux/PosixFiles.h"
 #include "platform/linux/PosixFolders.h"
 
 #include "support/TempFolder.h"
@@ -93,6 +94,21 @@ TEST_F(PosixFoldersTest, AHoldEndsWithItsProcessEvenOneThatIsKilled) {
   EXPECT_TRUE(folders_.TryHold(folder_));
   ::close(pipe[0]);
   ::close(pipe[1]);
+}
+
+TEST_F(PosixFoldersTest, CopiesOfKilledRunsGoThoseOfLivingOnesStay) {
+  const pid_t dead = ::fork();
+  if (dead == 0) ::_exit(0);
+  ::waitpid(dead, nullptr, 0);
+  const std::string ofDead = ".kestrava-unfinished-" + std::to_string(dead) + "-faves.dat";
+  const std::vector<std::string> others{".kestrava-unfinished-" + std::to_string(::getpid()) + "-faves.dat",
+                                        ".kestrava-unfinished-faves.dat", "faves.dat"};
+  Write(temp_ / ofDead);
+  for (const std::string& name : others) Write(temp_ / name);
+  RemoveUnfinished(temp_.Path());
+  EXPECT_FALSE(fs::exists(temp_ / ofDead));
+  for (const std::string& name : others) EXPECT_TRUE(fs::exists(temp_ / name)) << name;
+  RemoveUnfinished(temp_ / "nowhere");
 }
 
 }  // namespace

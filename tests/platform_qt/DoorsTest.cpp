@@ -31,6 +31,15 @@ std::shared_ptr<std::string> PressInBox(QMessageBox::StandardButton button) {
   return text;
 }
 
+TEST_F(QtDoorsTests, ARunThatIsEndingIsHeldUpByNoBox) {
+  QtMessages boxes;
+  boxes.GoSilent();
+  ::testing::internal::CaptureStderr();
+  boxes.Show("not read by anybody");
+  EXPECT_FALSE(boxes.AskYesNo("Copy?"));
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "not read by anybody\nCopy?\n");
+}
+
 TEST_F(QtDoorsTests, AMessageStandsUntilItIsRead) {
   const auto text = PressInBox(QMessageBox::Ok);
   ApplyTheme(true);

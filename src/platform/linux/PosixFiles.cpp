@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <charconv>
 #include <cmath>
+#include <csignal>
 #include <ctime>
 #include <system_error>
 
@@ -85,11 +87,30 @@ std::string WithoutOctalEscapes(std::string_view text) {
   return plain;
 }
 
+/// ".kestrava-unfinished-1234-faves.dat" of a process that is no more.
+bool IsOfADeadProcess(std::string_view name) {
+  if (!BeginsWith(name, kUnfinishedPrefix)) return false;
+  name.remove_prefix(kUnfinishedPrefix.size());
+  pid_t process = 0;
+  const auto [end, error] = std::from_chars(name.data(), name.data() + name.size(), process);
+  const bool hasNumber = error == std::errc() && end != name.data() + name.size() && *end == '-' && process > 0;
+  return hasNumber && ::kill(process, 0) != 0 && errno == ESRCH;
+}
+
 bool IsMediaFolder(std::string_view path) {
   return path == "/mnt" || BeginsWith(path, "/mnt/") || BeginsWith(path, "/media/") || BeginsWith(path, "/run/media/");
 }
 
 }  // namespace
+
+void RemoveUnfinished(const fs::path& folder) {
+  std::vector<fs::path> left;
+  std::error_code error;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end; entry.increment(error)) {
+    if (IsOfADeadProcess(entry->path().filename().string())) left.push_back(entry->path());
+  }
+  for (const fs::path& file : left) ::unlink(file.c_str());
+}
 
 fs::path ResolveIgnoringCase(const fs::path& path) {
   if (IsThere(path)) return path;

@@ -11,6 +11,7 @@
 #include <QStandardPaths>
 #include <QTime>
 #include <QUrl>
+#include <cstdio>
 
 #include "platform/qt/Fonts.h"
 #include "platform/qt/QtEventLoop.h"
@@ -55,6 +56,10 @@ int Ask(std::string_view text, std::string_view title, QChar sign, QMessageBox::
   return box.exec();
 }
 
+void Tell(std::string_view text) {
+  std::fputs((std::string(text) + '\n').c_str(), stderr);
+}
+
 /// The kind of thing that a target is, as handlers are registered for it.
 QString MimeTypeOf(const QUrl& url) {
   if (!url.isLocalFile()) return "x-scheme-handler/" + url.scheme();
@@ -85,10 +90,15 @@ QUrl UrlOf(const QString& target) {
 }  // namespace
 
 void QtMessages::Show(std::string_view text, std::string_view title) {
+  if (silent_) return Tell(text);
   Ask(text, title, 'i', QMessageBox::Ok);
 }
 
 bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
+  if (silent_) {
+    Tell(text);
+    return false;
+  }
   return Ask(text, title, '?', QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 

@@ -37,6 +37,10 @@ class PosixFiles : public Files {
   Path mountTable_;
 };
 
+/// Removes what killed runs have left in a folder: copies of files that they were writing. Those of living processes
+/// stay, and so does what cannot be removed. Called at the start of a run.
+void RemoveUnfinished(const std::filesystem::path& folder);
+
 /// The path under which a name is really there: as given if that exists, else each component matched without regard
 /// to case (ASCII letters); components that match nothing stay as given.
 std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& path);

@@ -15,6 +15,12 @@ class QtMessages : public Messages {
  public:
   void Show(std::string_view text, std::string_view title = kProgramTitle) override;
   bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) override;
+  /// From now on a message goes to the error stream, and a question is answered with No: the run is ending, and no box
+  /// is to hold it up.
+  void GoSilent() { silent_ = true; }
+
+ private:
+  bool silent_ = false;
 };
 
 class QtOpener : public Opener {

@@ -1,0 +1,56 @@
+// The real program, started on a screen that nobody sees with folders of its own, and what can be seen of it from
+// outside: which files it opens, what it says, how it ends.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace kestrava::app {
+
+/// Waits for files of one folder to be opened.
+class OpenWatch {
+ public:
+  explicit OpenWatch(const std::filesystem::path& folder);
+  ~OpenWatch();
+  OpenWatch(const OpenWatch&) = delete;
+  OpenWatch& operator=(const OpenWatch&) = delete;
+
+  /// Waits until a file of that name is opened. @return false if that does not happen
+  bool WaitFor(const std::string& name);
+  /// Waits until so many files have been opened from now on. @return false if that does not happen
+  bool WaitForMany(int count);
+
+ private:
+  /// Waits for the next files to be opened. @return their names; none if nothing is opened any more
+  std::vector<std::string> Next();
+
+  int descriptor_;
+};
+
+/// One run. It is killed with this object if it has not ended.
+class Program {
+ public:
+  /// @param home  where its settings go; @param arguments  behind its name
+  Program(const std::filesystem::path& home, const std::vector<std::string>& arguments);
+  ~Program();
+  Program(const Program&) = delete;
+  Program& operator=(const Program&) = delete;
+
+  void Send(int signal) const;
+  /// Reads what it says until a line ends so. @return false if it ends before
+  bool WaitForLineEndingIn(const std::string& text);
+  /// Stops it, so that signals sent now arrive together when it goes on.
+  void Pause();
+  void GoOn() const;
+  /// Waits for the end. @return "code 0", "signal 15", ...
+  std::string End();
+
+ private:
+  pid_t pid_ = -1;
+  int output_ = -1;
+};
+
+}  // namespace kestrava::app
