@@ -45,6 +45,9 @@ PassTally RowsFromPassList(const orbit::Sky& sky, PassTable& table, std::string_
 /// Whether a duration counts as "up all day": the hour of its time of day, 0 to 23, is above 10.
 bool IsAllDay(platform::SerialDate duration);
 
+/// Whether the sky is dark enough, and not too dark: the Sun from -18.0 to -6.0 degrees, both ends included.
+bool IsTwilight(double sunElevationDeg);
+
 /// A pass in numbers. Moments are Universal Time; azimuths and elevations degrees.
 struct PassFacts {
   std::string satellite;  ///< as asked for

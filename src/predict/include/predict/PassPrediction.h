@@ -76,8 +76,8 @@ class PassPrediction {
   bool IsOpen() const { return open_; }
 
   const PassTable& Table() const { return table_; }
-  /// A job runs, or an element file is being read: Stop has something to stop.
-  bool IsWorking() const { return jobRunning_ || readsRunning_ > 0; }
+  /// A job or a sort runs, or an element file is being read: Stop has something to stop.
+  bool IsWorking() const { return jobRunning_ || readsRunning_ > 0 || sortsRunning_ > 0; }
 
   void GroupnameClicked();
   void SatelliteNameClicked();
@@ -104,10 +104,7 @@ class PassPrediction {
   void RunJob(const PassJob& job);
   bool RunJobDays(const PassJob& job, PassTally& tally);
   void SaveRows();
-  void PrintRows();
-  bool TakeOutOfFile(const std::string& job, std::string_view doing);
-  void StartEditor();
-  std::string SelectedJob() const;
+  void StartEditor(int row);
 
   orbit::Sky sky_;
   PassPredictionView& view_;
@@ -116,6 +113,7 @@ class PassPrediction {
   bool open_ = true;
   bool jobRunning_ = false;
   int readsRunning_ = 0;
+  int sortsRunning_ = 0;
   std::uint64_t stops_ = 0;  ///< grows with every Stop: work that began before one ends
   std::uint64_t reads_ = 0;  ///< grows with every element file: the reading of an earlier one ends
 };

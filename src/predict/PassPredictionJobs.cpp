@@ -1,0 +1,158 @@
+// The jobs of the pass window: listed in ListPresets, run, edited and deleted.
+#include "orbit/OrbitEngine.h"
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/Files.h"
+#include "platform/Messages.h"
+#include "predict/JobWindows.h"
+#include "predict/PassPrediction.h"
+#include "predict/PassWizard.h"
+
+namespace kestrava::predict {
+
+using platform::FaultTrap;
+using platform::SerialDate;
+using platform::TheMessages;
+using platform::ToInt16;
+
+namespace {
+
+constexpr FaultTrap kTrap{"PassPred-PresetGo"};
+
+/// True while a job runs, however it ends.
+class JobFlag {
+ public:
+  explicit JobFlag(bool& flag) : flag_(flag) { flag_ = true; }
+  ~JobFlag() { flag_ = false; }
+  JobFlag(const JobFlag&) = delete;
+  JobFlag& operator=(const JobFlag&) = delete;
+
+ private:
+  bool& flag_;
+};
+
+std::string Quoted(const std::string& job) {
+  return "The job '" + job + "'";
+}
+
+/// Takes a job out of the file, or says why that cannot be.
+bool TakeOutOfFile(const std::string& job) {
+  const std::string file(kJobFile);
+  try {
+    if (RemoveJob(job)) return true;
+    TheMessages().Show(Quoted(job) + " could not be deleted: no line of " + file +
+                       " is exactly its name. The file was not changed.");
+  } catch (const platform::Fault& fault) {
+    TheMessages().Show(Quoted(job) + " could not be deleted from " + file + ": " + fault.what() +
+                       ". The file was not changed.");
+  }
+  return false;
+}
+
+}  // namespace
+
+void PassPrediction::PresetGoClicked() {
+  if (jobRunning_) return;  // Stop ends it; a second one beside it would only mix their rows
+  const int row = view_.ListPresets().Selected();
+  if (row < 0) {
+    TheMessages().Show("You must select a preset first");
+    return;
+  }
+  const auto job = ReadJob(view_.ListPresets().Row(row));
+  if (!job) {
+    TheMessages().Show("There was a problem finding that Job");
+    return;
+  }
+  RunJob(*job);
+}
+
+void PassPrediction::RunJob(const PassJob& job) {
+  PassTally tally;
+  bool whole = false;
+  {
+    const JobFlag running(jobRunning_);
+    whole = RunJobDays(job, tally);
+  }
+  if (!open_) return;
+  view_.ShowWork(0, 0);
+  view_.ShowStatus(whole ? StatusText(tally) : "Stopped. " + StatusText(tally));
+  if (!whole) return;
+  if (job.save) SaveResultsClicked();
+  if (job.print && open_) PrintClicked();
+}
+
+/// @return false if it was stopped, or the window closed
+bool PassPrediction::RunJobDays(const PassJob& job, PassTally& tally) {
+  const std::uint64_t stops = stops_;
+  const CalendarDay start = view_.Calendar();
+  const int total = job.days > 0 ? job.days * job.satelliteCount : 0;
+  SerialDate date = 0;
+  kTrap([&] { date = platform::MakeSerial({start.year, start.month, start.day, 0, 0, 0}); });
+  int done = 0;
+  for (int counter = 0; counter < job.days; ++counter, date += 1) {
+    for (int i = 1; i <= job.satelliteCount; ++i) {
+      bool goOn = true;
+      kTrap([&] {  // a satellite beyond the table's bound is logged and passed over
+        const std::string& satellite = platform::At(job.satellites, i);
+        const platform::DateParts day = platform::SplitSerial(date);
+        view_.ShowWork(done, total);
+        goOn = CalcDay(satellite, {ToInt16(day.day), ToInt16(day.month), ToInt16(day.year)}, tally);
+      });
+      ++done;
+      if (!goOn || !open_ || stops_ != stops) return false;
+    }
+  }
+  return true;
+}
+
+void PassPrediction::PresetAddClicked() {
+  platform::RunUntrapped("the opening of the job wizard", [] { platform::TheWindows().Show(kWizardWindow); });
+}
+
+void PassPrediction::PresetDeleteClicked() {
+  const int row = view_.ListPresets().Selected();
+  if (row < 0) {
+    TheMessages().Show("you must select a preset to delete");
+    return;
+  }
+  if (TakeOutOfFile(view_.ListPresets().Row(row))) view_.ListPresets().Remove(row);
+}
+
+void PassPrediction::EditJobClicked() {
+  const int row = view_.ListPresets().Selected();
+  if (row < 0) {
+    TheMessages().Show("you must select a preset to edit");
+    return;
+  }
+  try {
+    StartEditor(row);
+  } catch (const platform::Fault& fault) {
+    TheMessages().Show("There was a problem starting the editor. The Error was '" + std::string(fault.what()) + "'");
+  }
+}
+
+void PassPrediction::StartEditor(int row) {
+  const std::string name = view_.ListPresets().Row(row);
+  platform::TheWindows().Show(kWizardWindow);
+  JobEditor* editor = FindJobEditor();
+  if (!editor) throw platform::Fault::ObjectNotSet();
+  if (!platform::FileExists(platform::InAppDir(kJobFile))) {
+    TheMessages().Show("Can't file PASS.DAT in your Kestrava folder");
+    return;
+  }
+  const auto job = ReadJobRecord(name);
+  if (!job) {
+    TheMessages().Show("There is a possible problem with your PASS.DAT file");
+    return;
+  }
+  editor->Wizard().Edit(*job);
+  // From here on the job stands in the wizard alone, until it is saved there.
+  RemoveJob(name);
+  view_.ListPresets().Remove(row);
+}
+
+void PassPrediction::AddJob(std::string_view name) {
+  view_.ListPresets().Add(name);
+}
+
+}  // namespace kestrava::predict

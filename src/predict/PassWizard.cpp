@@ -1,0 +1,118 @@
+#include "predict/PassWizard.h"
+
+#include "platform/Doors.h"
+#include "platform/Fault.h"
+#include "platform/Format.h"
+#include "platform/Messages.h"
+#include "platform/Text.h"
+#include "predict/GroupSatellites.h"
+#include "predict/JobWindows.h"
+
+namespace kestrava::predict {
+
+using platform::TheMessages;
+
+const std::string_view kWizardHelp =
+    "To create a new job, just fill in this form. First, you can choose a suitable name of the job, just something to "
+    "remind you what it does. The Number of days is the duration of predicted results. By default, it starts from "
+    "today, but you can set the calendar to change the start date. Next theres 2 options that if ticked, will print "
+    "and / or save the predictions the moment its finish. You can of course, print or save it manually by using the "
+    "usual buttons on the instant predictions section. You then select all the satellites that you want to include in "
+    "this particular job by using the drop-down box, these work identical to the satellite selection on the instant "
+    "predictions. When you're happy with the settings, click on Save this job, and it will be added to the list, and "
+    "be available every time you run kestrava.";
+
+namespace {
+
+bool IsBlank(std::string_view text) {
+  return platform::Trim(text).empty();
+}
+
+}  // namespace
+
+void PassWizard::Load() {
+  const platform::FaultTrap trap{"PassWizard-FormLoad"};
+  trap([&] { view_.PlaceByPassWindow(kWizardOffsetTwips); });
+  trap([&] { view_.ApplySkin(); });
+  trap([&] { AddGroupNames(tables_, view_.COMgroup()); });
+  view_.COMgroup().SetText("Select a Group");
+  view_.COMsatname().SetText("Select a Satellite");
+}
+
+void PassWizard::GroupClicked() {
+  platform::RunUntrapped("the listing of satellites", [&] {
+    const std::uint64_t read = ++reads_;
+    const auto stopped = [&] { return !open_ || reads_ != read; };
+    view_.COMsatname().Clear();
+    AddSatellitesOfGroup(tables_, view_.COMgroup().Text(), view_.COMsatname(), stopped);
+    if (!stopped()) view_.COMsatname().SetText("Select a Satellite");
+  });
+}
+
+void PassWizard::AddClicked() {
+  if (platform::Contains(view_.COMgroup().Text(), "Select")) {
+    TheMessages().Show("First select a Group, then a satellite, then click the add button");
+    return;
+  }
+  view_.SatList().Add(view_.COMsatname().Text());
+}
+
+void PassWizard::RemoveClicked() {
+  const int row = view_.SatList().Selected();
+  if (row < 0) {
+    TheMessages().Show("Select a satellite on the list first");
+    return;
+  }
+  view_.SatList().Remove(row);
+}
+
+void PassWizard::SaveJobClicked() {
+  try {
+    SaveJob();
+  } catch (const platform::Fault& fault) {
+    TheMessages().Show("There was an error when trying to save this job, the error was '" + std::string(fault.what()) +
+                       "'");
+  }
+}
+
+void PassWizard::SaveJob() {
+  JobRecord job;
+  job.name = platform::Trim(view_.Tname());
+  job.days = platform::Trim(view_.Tnumofdays());
+  if (job.name.empty()) {
+    TheMessages().Show("you must choose a job name");
+  } else if (job.days.empty()) {
+    TheMessages().Show("You must fill in the days box");
+  } else if (view_.SatList().Count() == 0) {
+    TheMessages().Show("You havn't chosen any satellites");
+  } else {
+    for (int row = 0; row < view_.SatList().Count(); ++row) job.satellites.push_back(view_.SatList().Row(row));
+    job.save = view_.CHsave() ? "1" : "0";
+    job.print = view_.CHprint() ? "1" : "0";
+    AppendJob(job);
+    if (JobListing* listing = FindJobListing()) listing->AddJob(job.name);
+    view_.EndWindow();
+  }
+}
+
+void PassWizard::CancelClicked() {
+  if (MayClose()) view_.EndWindow();
+}
+
+bool PassWizard::MayClose() {
+  return TheMessages().AskYesNo("You will loose the information for this job, Are you sure ?", "Cancel Job");
+}
+
+bool PassWizard::HoldsAJob() const {
+  return !IsBlank(view_.Tname()) || !IsBlank(view_.Tnumofdays()) || view_.SatList().Count() > 0;
+}
+
+void PassWizard::Edit(const JobRecord& job) {
+  view_.SetTname(job.name);
+  for (const std::string& satellite : job.satellites) view_.SatList().Add(satellite);
+  view_.SetTnumofdays(platform::NumberText(platform::ParseNumber(job.days)));
+  if (job.save == "1") view_.SetCHsave(true);
+  if (job.print == "1") view_.SetCHprint(true);
+}
+
+}  // namespace kestrava::predict
