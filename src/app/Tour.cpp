@@ -7,6 +7,7 @@
 #include <QMenu>
 #include <QVariant>
 #include <cstdio>
+#include <utility>
 
 #include "platform/Doors.h"
 #include "platform/Files.h"
@@ -152,16 +153,17 @@ void Tour::LookAgain() {
 }
 
 void Tour::TakePicture() {
-  if (!subject_) return GiveUp();
+  const QPointer<QWidget> subject = std::exchange(subject_, nullptr);  // painting and yields of now count no more
+  calm_.stop();
+  if (!subject) return GiveUp();
   const QString picture = stops_.front().picture;
   stops_.pop_front();
-  if (!Save(*subject_, picture) || !SaveMenusOf(*subject_, picture)) return End(false);
-  if (qobject_cast<QMenu*>(subject_)) {
-    subject_->close();
-  } else if (subject_ != Loaded(shell::kLauncherName)) {
-    UnloadWidget(subject_);
+  if (!Save(*subject, picture) || !SaveMenusOf(*subject, picture)) return End(false);
+  if (qobject_cast<QMenu*>(subject)) {
+    subject->close();
+  } else if (subject && subject != Loaded(shell::kLauncherName)) {
+    UnloadWidget(subject);
   }
-  subject_ = nullptr;
   platform::TheEventLoop().Later([this] { NextStop(); });
 }
 
