@@ -11,6 +11,7 @@
 
 #include "BestOfRuns.h"
 #include "DaylightBench.h"
+#include "PassBench.h"
 #include "PlatformBench.h"
 #include "SampleSky.h"
 #include "SearchYardstick.h"
@@ -178,6 +179,7 @@ int main(int argc, char** argv) {
                             {"PassListOfThreeDays", 0, 0.6e-3, "PassListYardstick"},
                             {"PassListYardstick", 0, 0, ""}});
   for (const Asked& row : RegisterDaylightBenchmarks()) asked.push_back(row);
+  for (const Asked& row : RegisterPassBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterPlatformBenchmarks()) asked.push_back(row);
   BestOfRuns reporter(asked);
   benchmark::RunSpecifiedBenchmarks(&reporter);

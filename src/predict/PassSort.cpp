@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <numeric>
 #include <optional>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/EventLoop.h"
@@ -15,7 +17,7 @@ namespace kestrava::predict {
 
 namespace {
 
-constexpr platform::FaultTrap kTrap{"PassPred-SortChron"};
+constexpr std::string_view kTrapName = "PassPred-SortChron";
 
 using Order = std::vector<std::size_t>;
 
@@ -34,7 +36,7 @@ Keys ParseKeys(const PassTable& table, bool logged) {
       statement();
       return true;
     } catch (const platform::Fault& fault) {
-      if (!logged) platform::ErrorTrap(fault.what(), "PassPred-SortChron");
+      if (!logged) platform::ErrorTrap(fault.what(), kTrapName);
       return false;
     }
   };
