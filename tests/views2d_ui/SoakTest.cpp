@@ -3,38 +3,24 @@
 // told, and the figures are printed.
 #include <QAction>
 #include <QSlider>
-#include <fstream>
 #include <iostream>
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include "orbit/OrbitEngine.h"
 #include "orbit/Satcalc.h"
 #include "platform/Fault.h"
 
 #include "MapFixture.h"
+#include "support/ResidentMemory.h"
 
 namespace kestrava::views2d::ui {
 namespace {
 
+using testing::kMemoryTells;
+using testing::ResidentMb;
+
 constexpr double kMayGrowMb = 10;
-
-// A sanitizer keeps freed memory back, so its figures say nothing of the map; the ticks run all the same.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool kMemoryTells = false;
-#elif defined(__has_feature)
-constexpr bool kMemoryTells = !__has_feature(address_sanitizer);
-#else
-constexpr bool kMemoryTells = true;
-#endif
-
-double ResidentMb() {
-  long pages = 0;
-  long resident = 0;
-  std::ifstream("/proc/self/statm") >> pages >> resident;
-  return static_cast<double>(resident) * static_cast<double>(sysconf(_SC_PAGESIZE)) / 1e6;
-}
 
 int Asked(const char* variable, int usual) {
   const int asked = qEnvironmentVariableIntValue(variable);
