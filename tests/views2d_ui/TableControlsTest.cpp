@@ -196,7 +196,7 @@ TEST_F(TableControls, AWholeEveningIsSpokenWordForWord) {
   OpenTable();
   std::vector<std::string> expected;
   std::map<std::string, bool> up;
-  constexpr int kEveningS = 3 * 3600;
+  constexpr int kEveningS = 5 * 3600;
   constexpr double kDeg = 3.14159265358979 / 180;
   for (int second = 1; second <= kEveningS; ++second) {
     const platform::SerialDate utc = clock.Read().utc + second / 86400.0;
