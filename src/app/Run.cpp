@@ -18,6 +18,7 @@
 #include "platform/qt/QtDoors.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/Theme.h"
+#include "predict/PassWizard.h"
 #include "shell/FatalFault.h"
 #include "shell/Shutdown.h"
 #include "shell/ui/LauncherWindow.h"
@@ -109,10 +110,12 @@ shell::LauncherSetup SetupOf(const Machine& machine, const std::string& folder, 
 }
 
 /// What the user gets by closing the launcher. The loop is told first: the run ends with 0 even if the launcher had not
-/// come to work yet. No message box holds up an end that the system wants.
+/// come to work yet. No message box holds up an end that the system wants, nor does a job in the wizard, which would
+/// ask to be kept.
 void EndInOrder(Machine& machine) {
   machine.messages.GoSilent();
   platform::TheEventLoop().Quit(0);
+  if (auto* wizard = platform::TheWindows().Find(predict::kWizardWindow)) platform::TheWindows().Unload(*wizard);
   if (auto* launcher = dynamic_cast<QWidget*>(platform::TheWindows().Find(shell::kLauncherName))) launcher->close();
 }
 

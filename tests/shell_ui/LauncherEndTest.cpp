@@ -1,9 +1,12 @@
 #include <QAction>
 #include <QMenu>
 
+#include "predict/JobWindows.h"
+#include "predict/PassWizard.h"
 #include "views2d/ui/WorldView.h"
 
 #include "ShellWindows.h"
+#include "support/RecordingChoices.h"
 
 namespace kestrava::shell::ui {
 namespace {
@@ -30,6 +33,48 @@ TEST_F(LauncherEnd, NoOtherWindowsClosingEndsTheRun) {
   Settle();
   EXPECT_EQ(eventLoop.ExitCode(), std::nullopt);
   EXPECT_EQ(LoadedNames(), Strings{"frmLAUNCHER"});
+}
+
+/// A job wizard with a name in its form.
+class FilledWizard : public TaggedStub, public predict::JobEditor, private predict::PassWizardView {
+ public:
+  predict::PassWizard& Wizard() override { return wizard_; }
+
+ private:
+  void PlaceByPassWindow(int) override {}
+  void ApplySkin() override {}
+  void EndWindow() override {}
+  platform::ComboControl& COMgroup() override { return combo_; }
+  platform::ComboControl& COMsatname() override { return combo_; }
+  platform::ListBoxControl& SatList() override { return list_; }
+  std::string Tname() const override { return "Week"; }
+  void SetTname(std::string_view) override {}
+  std::string Tnumofdays() const override { return {}; }
+  void SetTnumofdays(std::string_view) override {}
+  bool CHsave() const override { return false; }
+  void SetCHsave(bool) override {}
+  bool CHprint() const override { return false; }
+  void SetCHprint(bool) override {}
+
+  testing::RecordingCombo combo_;
+  testing::RecordingListBox list_;
+  predict::PassWizard wizard_{orbit::TheTables(), *this};
+};
+
+TEST_F(LauncherEnd, AJobInTheWizardIsAskedForAndNoKeepsTheRun) {
+  windows->Register(predict::kWizardWindow, [] { return std::make_unique<FilledWizard>(); });
+  LauncherWindow& launcher = Open();
+  eventLoop.RunEvent([&] { windows->Show(predict::kWizardWindow); });
+  messages.ExpectQuestion("You will loose the information for this job, Are you sure ?", false);
+  eventLoop.RunEvent([&] { launcher.close(); });
+  Settle();
+  EXPECT_EQ(LoadedNames(), (Strings{"frmLAUNCHER", "PassWizard"}));
+  EXPECT_EQ(eventLoop.ExitCode(), std::nullopt);
+  messages.ExpectQuestion("You will loose the information for this job, Are you sure ?", true);
+  eventLoop.RunEvent([&] { launcher.close(); });
+  Settle();
+  EXPECT_TRUE(windows->Loaded().empty());
+  EXPECT_EQ(eventLoop.ExitCode(), 0);
 }
 
 TEST_F(LauncherEnd, ASecondCloseWhileTheFirstYieldsIsHarmless) {

@@ -11,6 +11,7 @@
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
 #include "platform/qt/Widgets.h"
+#include "predict/JobWindows.h"
 #include "shell/FloppyTransfer.h"
 #include "shell/Menus.h"
 #include "shell/Shutdown.h"
@@ -173,6 +174,7 @@ void LauncherWindow::EndByFault(const platform::Fault& fault) {
 }
 
 bool LauncherWindow::MayClose() {
+  if (!closing_ && !predict::MayEndWithJobs()) return false;
   if (!closing_) {
     closing_ = true;
     launcher_.QueryUnload();
