@@ -1,5 +1,7 @@
 // The robot user on the whole station. How long, and with which seed, can be said from outside: KESTRAVA_ROBOT_MINUTES,
 // KESTRAVA_ROBOT_SEED. Under the sanitizers it finds what no plan would.
+#include <QAbstractButton>
+#include <QWidget>
 #include <QtGlobal>
 #include <iostream>
 
@@ -56,6 +58,20 @@ TEST(RobotUser, MeetsNoFaultAndNoUnexpectedMessage) {
   for (const std::string& message : station.Messages()) EXPECT_TRUE(IsExpected(message)) << message;
   station.Close();
   EXPECT_TRUE(station.Windows().Loaded().empty()) << "a window is left";
+}
+
+TEST(RobotUser, FindsTheTableBehindTheLaunchersButton) {
+  RobotStation station;
+  station.Start();
+  auto* launcher = dynamic_cast<QWidget*>(station.Windows().Find("frmLAUNCHER"));
+  ASSERT_TRUE(launcher);
+  auto* button = launcher->findChild<QAbstractButton*>("BUTmenu(9)");
+  ASSERT_TRUE(button);
+  EXPECT_TRUE(button->isEnabled());
+  station.Loop().RunEvent([&] { button->click(); });
+  EXPECT_TRUE(station.Windows().IsVisible("Tabular"));
+  station.Loop().Advance(2);
+  station.Close();
 }
 
 TEST(RobotUser, ClosingTheLauncherInTheMidstOfAnythingEndsTheRunInOrder) {
