@@ -56,6 +56,18 @@ TEST(MachineClock, FollowsSummerTime) {
   EXPECT_NEAR(offsetHours(1711846800), 2, 1e-6);
 }
 
+TEST(MachineClock, AnotherDateHasTheOffsetOfItsOwnSeason) {
+  const Variable zone("TZ", "CET-1CEST,M3.5.0,M10.5.0/3");
+  SystemClock clock;
+  const auto offsetHours = [&](const DateParts& utc) {
+    return (clock.LocalAt(MakeSerial(utc)) - MakeSerial(utc)) * 24;
+  };
+  EXPECT_NEAR(offsetHours({2026, 1, 15, 12, 0, 0}), 1, 1e-6);
+  EXPECT_NEAR(offsetHours({2026, 7, 15, 12, 0, 0}), 2, 1e-6);
+  EXPECT_NEAR(offsetHours({2026, 10, 25, 0, 59, 59}), 2, 1e-6);
+  EXPECT_NEAR(offsetHours({2026, 10, 25, 1, 0, 0}), 1, 1e-6);
+}
+
 TEST(MachineClock, ReadsTheMachine) {
   SystemClock clock;
   const auto before = static_cast<double>(std::time(nullptr));

@@ -1,5 +1,7 @@
 // The pass window: selection, calculation, sort, clear, save, print, and the end of whatever runs.
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -251,6 +253,23 @@ TEST_F(PassWindow, SaveWritesTheText) {
   PrintedText expected;
   AssemblePasses(expected, SaveCredit(), Passes().Table());
   EXPECT_EQ(files.Content("/documents/mine.txt"), expected.PlainText() + "\r\n");
+}
+
+TEST_F(PassWindow, TheSavedTextOfASortedJobIsAsItWas) {
+  Put("pass.dat", "Week\nISS (ZARYA);\nNOAA 19;\nHIMAWARI-8;\nOSCAR 7 (AO-7);\n2\n1\n0\n");
+  engine.SetObserver({-35.6, 148.9, 600});
+  clock.SetOffsetHours(11);
+  Open();
+  view.presets.selected = 0;
+  view.chosen = "/documents/mine.txt";
+  messages.ExpectMessage("Predictions saved as");
+  messages.ExpectMessage("Predictions saved as");
+  Passes().PresetGoClicked();
+  Passes().SortChronClicked();
+  Passes().SaveResultsClicked();
+  std::ifstream golden(KESTRAVA_TEST_DATA "golden/passes/week.txt", std::ios::binary);
+  ASSERT_TRUE(golden);
+  EXPECT_EQ(files.Content("/documents/mine.txt"), std::string(std::istreambuf_iterator<char>(golden), {}));
 }
 
 TEST_F(PassWindow, AnEmptyListIsSavedAsCreditAndHeading) {
