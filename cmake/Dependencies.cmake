@@ -3,3 +3,5 @@
 find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ERFA REQUIRED IMPORTED_TARGET GLOBAL erfa)
+pkg_check_modules(ESPEAK REQUIRED IMPORTED_TARGET GLOBAL espeak-ng)
+pkg_check_modules(PULSE REQUIRED IMPORTED_TARGET GLOBAL libpulse)

@@ -3,7 +3,7 @@
 # not allow does not compile and a circle does not configure. A folder's toolkit side stands in its ui/ folder.
 set(KESTRAVA_FLOORS
   "platform       :"
-  "platform/linux : platform"
+  "platform/linux : platform PkgConfig::ESPEAK PkgConfig::PULSE"
   "platform/qt    : platform Qt6::Widgets Qt6::Svg"
   "orbit          : platform PkgConfig::ERFA"
   "store          : platform orbit"

@@ -13,6 +13,7 @@
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/PosixFolders.h"
+#include "platform/linux/StationVoice.h"
 #include "platform/linux/SystemClock.h"
 #include "platform/linux/XdgSettings.h"
 #include "platform/qt/QtDoors.h"
@@ -104,7 +105,7 @@ shell::LauncherSetup SetupOf(const Machine& machine, const std::string& folder, 
   return {folder,
           (machine.settingsFolder / kSettingsFile).string(),
           [] { return std::make_unique<orbit::OrbitEngine>(); },
-          [] { return std::make_unique<platform::SilentSpeech>(); },
+          [] { return std::make_unique<platform::StationVoice>(); },
           [] { std::_Exit(shell::kFatalExitCode); },
           &shipped};
 }

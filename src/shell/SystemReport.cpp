@@ -32,13 +32,11 @@ ReportPage FoldersPage(std::string_view settingsFile, std::string_view shippedFo
 }
 
 ReportPage SoundPage() {
-  const auto voices = platform::TheSpeech().Voices();
   const bool wanted = platform::ReadSetting("Speechpack", "0") != "0";
-  return {"sound",
-          "Sound",
-          {{"Speech engine", voices.empty() ? "none" : "present"},
-           {"Voices", std::to_string(voices.size())},
-           {"Speech", wanted ? "on" : "off"}}};
+  const platform::SpeechEngine& speech = platform::TheSpeech();
+  // To count the voices makes the engine: not while nobody wants it.
+  const std::string voices = wanted ? std::to_string(speech.Voices().size()) : "not counted while speech is off";
+  return {"sound", "Sound", {{"Speech", wanted ? "on" : "off"}, {"Voices", voices}, {"Speech engine", speech.State()}}};
 }
 
 }  // namespace kestrava::shell

@@ -1,6 +1,8 @@
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
 #include <QVBoxLayout>
@@ -62,6 +64,55 @@ TEST_F(StationWindowTests, ARealActivationCountsOnce) {
   EXPECT_EQ(window.activations, 1);
   eventLoop.Advance(2);
   EXPECT_EQ(window.activations, 1);
+}
+
+void Press(QWidget& receiver, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QKeyEvent press(QEvent::KeyPress, key, modifiers);
+  QApplication::sendEvent(&receiver, &press);
+}
+
+/// A control that has a use of its own for Escape.
+class TakesEscape : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override { event->accept(); }
+};
+
+TEST_F(StationWindowTests, EscapeStopsTheVoiceFromTheWindowAndFromItsControls) {
+  settings.Set("Speechpack", "1");
+  TrialWindow window;
+  Press(window, Qt::Key_Escape);
+  EXPECT_EQ(speech.stops, 1);
+  QLineEdit field(&window);
+  Press(field, Qt::Key_Escape);
+  EXPECT_EQ(speech.stops, 2);
+  SkinButton button("Go", &window);
+  Press(button, Qt::Key_Escape);
+  EXPECT_EQ(speech.stops, 3);
+}
+
+TEST_F(StationWindowTests, EscapeThatAControlHasAUseForDoesNotStopTheVoice) {
+  settings.Set("Speechpack", "1");
+  TrialWindow window;
+  TakesEscape control(&window);
+  Press(control, Qt::Key_Escape);
+  EXPECT_EQ(speech.stops, 0);
+}
+
+TEST_F(StationWindowTests, OtherKeysAndEscapeWithAModifierLeaveTheVoiceAlone) {
+  settings.Set("Speechpack", "1");
+  TrialWindow window;
+  Press(window, Qt::Key_Space);
+  Press(window, Qt::Key_Escape, Qt::ControlModifier);
+  EXPECT_EQ(speech.stops, 0);
+}
+
+TEST_F(StationWindowTests, EscapeDoesNotTouchTheEngineWhileSpeechIsOff) {
+  TrialWindow window;
+  Press(window, Qt::Key_Escape);
+  EXPECT_EQ(speech.stops, 0);
 }
 
 TEST_F(StationWindowTests, ShownButNotToldCountsAsActivatedOnceAfterHalfASecond) {

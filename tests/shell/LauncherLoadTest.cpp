@@ -135,6 +135,25 @@ TEST_F(LauncherLoad, AVoiceThatCannotBeMadeTurnsSpeechOffWithTheAutomationMessag
   EXPECT_EQ(Label(LauncherLabel::kVersion), "Version 2.02 Pro");
 }
 
+TEST_F(LauncherLoad, AVoiceThatFailsWhenItIsFirstTouchedIsTurnedOffOnce) {
+  settings.Set("Speechpack", "1");
+  LauncherSetup setup = NewSetup();
+  setup.makeSpeech = [] {
+    auto voice = std::make_unique<testing::RecordingSpeech>();
+    voice->broken = Fault::Automation("no speech engine could be made");
+    return voice;
+  };
+  messages.ExpectMessage(
+      "There was an 'automation error', this is normally a problem with the speech engine not being installed "
+      "properly, but if you havn't installed the speech, then it may be a problem with either DirectX or your Display "
+      "Driver - Automation error: no speech engine could be made");
+  Launcher launcher(view, tables, setup);
+  launcher.Load();
+  EXPECT_EQ(settings.Get("Speechpack"), "0");
+  EXPECT_EQ(TakeFaults(), Strings{"Automation error: no speech engine could be made - Main Form Load"})
+      << "neither the choice of the voice nor the welcome touches it again";
+}
+
 TEST_F(LauncherLoad, AnEngineThatCannotBeMadeIsLoggedAndTheActivationUnloadsTheWindow) {
   LauncherSetup setup = NewSetup();
   setup.makeEngine = []() -> std::unique_ptr<orbit::OrbitEngine> { throw Fault(429, "Cannot create object"); };

@@ -145,9 +145,18 @@ TEST_F(SystemReportPages, FoldersNameTheDataFolderAndTheLog) {
 }
 
 TEST_F(SystemReportPages, SoundTellsWhatTheVoiceIs) {
-  EXPECT_EQ(SoundPage().lines[1].second, "2");
+  using Lines = std::vector<std::pair<std::string, std::string>>;
+  settings.Set("Speechpack", "1");
+  EXPECT_EQ(SoundPage().lines, (Lines{{"Speech", "on"}, {"Voices", "2"}, {"Speech engine", "recording"}}));
   speech.voices.clear();
-  EXPECT_EQ(SoundPage().lines[0].second, "none");
+  EXPECT_EQ(SoundPage().lines[1].second, "0");
+}
+
+TEST_F(SystemReportPages, SoundLeavesTheEngineAloneWhileSpeechIsOff) {
+  const ReportPage page = SoundPage();
+  EXPECT_EQ(page.lines[0].second, "off");
+  EXPECT_EQ(page.lines[1].second, "not counted while speech is off");
+  EXPECT_EQ(speech.voiceQuestions, 0);
 }
 
 }  // namespace

@@ -68,7 +68,10 @@ class RecordingSpeech : public platform::SpeechEngine {
     Check();
     speed = wordsPerMinute;
   }
-  std::vector<std::string> Voices() const override { return voices; }
+  std::vector<std::string> Voices() const override {
+    ++voiceQuestions;
+    return voices;
+  }
   void SelectVoice(int index) override {
     Check();
     if (index < 1 || index > static_cast<int>(voices.size())) throw platform::Fault::SubscriptOutOfRange();
@@ -83,6 +86,7 @@ class RecordingSpeech : public platform::SpeechEngine {
   int stops = 0;
   double speed = 0;
   int voice = 0;
+  mutable int voiceQuestions = 0;
   std::vector<std::string> voices{"English", "Scottish"};
   std::optional<platform::Fault> broken;  // every call fails with it
 

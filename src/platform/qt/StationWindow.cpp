@@ -2,12 +2,14 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QScreen>
 #include <algorithm>
 
 #include "platform/Doors.h"
+#include "platform/Speech.h"
 #include "platform/qt/ImageSurface.h"
 #include "platform/qt/QtSkin.h"
 #include "platform/qt/Widgets.h"
@@ -146,6 +148,15 @@ void StationWindow::closeEvent(QCloseEvent* event) {
   }
   event->accept();
   if (!unloading_) Unload();
+}
+
+/// A key that nothing in the window has a use for comes here.
+void StationWindow::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
+    StopSpeaking();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
 }
 
 void StationWindow::paintEvent(QPaintEvent*) {

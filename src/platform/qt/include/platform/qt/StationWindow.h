@@ -77,6 +77,8 @@ class StationWindow : public QWidget, public Window, public SkinnedWindow {
 
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  /// Escape stops the voice, in every window that has no use of its own for it.
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:

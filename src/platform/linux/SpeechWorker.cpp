@@ -1,0 +1,167 @@
+#include "SpeechWorker.h"
+
+#include <chrono>
+#include <span>
+#include <utility>
+
+namespace kestrava::platform {
+
+SpeechWorker::SpeechWorker(std::unique_ptr<Synthesiser> synthesiser, std::unique_ptr<SpeechSink> sink)
+    : name_(synthesiser->Name()), synthesiser_(std::move(synthesiser)), sink_(std::move(sink)) {}
+
+void SpeechWorker::Speak(std::string_view text, SpeechKind kind) {
+  const std::lock_guard guard(lock_);
+  queue_.Add(text, kind);
+  sink_->Wake();
+}
+
+void SpeechWorker::BeginAnnouncement() {
+  const std::lock_guard guard(lock_);
+  queue_.BeginAnnouncement();
+}
+
+void SpeechWorker::Stop() {
+  const std::lock_guard guard(lock_);
+  queue_.Clear();
+  silence_ = true;
+  sink_->Wake();
+}
+
+void SpeechWorker::SetSpeed(int wordsPerMinute) {
+  const std::lock_guard guard(lock_);
+  newSpeed_ = wordsPerMinute;
+}
+
+void SpeechWorker::SelectVoice(std::size_t index) {
+  const std::lock_guard guard(lock_);
+  newVoice_ = index;
+}
+
+std::string SpeechWorker::State() const {
+  const std::lock_guard guard(lock_);
+  return name_ + ": " + state_;
+}
+
+bool SpeechWorker::End(int patienceMs) {
+  std::unique_lock guard(lock_);
+  ending_ = true;
+  if (sink_) sink_->Wake();
+  return endedNow_.wait_for(guard, std::chrono::milliseconds(patienceMs), [&] { return ended_; });
+}
+
+void SpeechWorker::Run() {
+  while (!ending_) {
+    if (!Step()) sink_->Wait();
+  }
+  LetGo();
+}
+
+/// @return false if there is nothing to do before something happens
+bool SpeechWorker::Step() {
+  if (ObeyOrders()) return true;
+  switch (sink_->Now()) {
+    case SpeechSink::Stage::kClosed:
+      return BeginIfSomethingWaits();
+    case SpeechSink::Stage::kOpen:
+      return WriteOn();
+    case SpeechSink::Stage::kLost:
+      DropAll();
+      return true;
+    case SpeechSink::Stage::kOpening:
+    case SpeechSink::Stage::kFinishing:
+      break;
+  }
+  return false;
+}
+
+bool SpeechWorker::ObeyOrders() {
+  if (!silence_.exchange(false)) return false;
+  samples_.clear();
+  written_ = 0;
+  sink_->Close();
+  Note("ready");
+  return true;
+}
+
+bool SpeechWorker::BeginIfSomethingWaits() {
+  {
+    const std::lock_guard guard(lock_);
+    if (queue_.IsEmpty()) return false;
+  }
+  Note("on the way to the sound server");
+  sink_->Open(synthesiser_->RateHz());
+  return true;
+}
+
+bool SpeechWorker::WriteOn() {
+  if (written_ == samples_.size() && !TakeSentence()) {
+    Note("ready, heard by the sound server");
+    sink_->Finish();
+    return true;
+  }
+  if (silence_) return true;  // the wish came while the sentence was being made
+  const std::size_t taken = sink_->Write(std::span(samples_).subspan(written_));
+  written_ += taken;
+  return taken > 0;
+}
+
+/// Turns the next sentence that yields any samples into them.
+bool SpeechWorker::TakeSentence() {
+  samples_.clear();
+  written_ = 0;
+  while (samples_.empty()) {
+    std::optional<std::string> text;
+    std::optional<int> speed;
+    std::optional<std::size_t> voice;
+    {
+      const std::lock_guard guard(lock_);
+      if (silence_ || ending_) return false;  // what waits now came after the wish for silence
+      text = queue_.Take();
+      speed = std::exchange(newSpeed_, std::nullopt);
+      voice = std::exchange(newVoice_, std::nullopt);
+    }
+    if (voice) synthesiser_->SelectVoice(*voice);
+    if (speed) synthesiser_->SetSpeed(*speed);
+    if (!text) return false;
+    Note("speaking");
+    synthesiser_->Say(*text, [this](std::span<const std::int16_t> some) {
+      samples_.insert(samples_.end(), some.begin(), some.end());
+      return !silence_ && !ending_;
+    });
+  }
+  return true;
+}
+
+/// Nobody hears it: old sentences would only be in the way of new ones when somebody does.
+void SpeechWorker::DropAll() {
+  samples_.clear();
+  written_ = 0;
+  {
+    const std::lock_guard guard(lock_);
+    state_ = sink_->WhyLost() + ", sentences are dropped";
+    queue_.Clear();
+  }
+  sink_->Close();
+}
+
+void SpeechWorker::Note(std::string_view state) {
+  const std::lock_guard guard(lock_);
+  state_ = state;
+}
+
+/// The parts go on the thread that used them. Nobody wakes a sink that is no longer there: End asks under the lock.
+void SpeechWorker::LetGo() {
+  sink_->Close();
+  std::unique_ptr<SpeechSink> sink;
+  {
+    const std::lock_guard guard(lock_);
+    sink = std::move(sink_);
+  }
+  sink.reset();
+  synthesiser_.reset();
+  const std::lock_guard guard(lock_);
+  ended_ = true;
+  endedNow_.notify_all();
+}
+
+}  // namespace kestrava::platform
