@@ -80,10 +80,11 @@ void BenchStation::LoadPictures() {
 }
 
 views2d::MapSurfaces BenchStation::Surfaces() {
-  views2d::MapSurfaces surfaces{final_, world_, alpha_, *sprites_[0], *sprites_[1], *sprites_[2], *sprites_[3], {}, {}};
+  views2d::MapSurfaces surfaces{
+      final_, world_, alpha_, {*sprites_[0], *sprites_[1], *sprites_[2], *sprites_[3], {}, {}}};
   for (std::size_t i = 0; i < 6; ++i) {
-    surfaces.SatMask[i] = sprites_[4 + 2 * i].get();
-    surfaces.SatPic[i] = sprites_[5 + 2 * i].get();
+    surfaces.sprites.SatMask[i] = sprites_[4 + 2 * i].get();
+    surfaces.sprites.SatPic[i] = sprites_[5 + 2 * i].get();
   }
   return surfaces;
 }

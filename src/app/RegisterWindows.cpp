@@ -6,6 +6,7 @@
 #include "shell/ui/LauncherWindow.h"
 #include "shell/ui/MenuWindow.h"
 #include "shell/ui/SplashWindow.h"
+#include "views2d/ui/HorizonView.h"
 #include "views2d/ui/TableView.h"
 #include "views2d/ui/WorldView.h"
 
@@ -28,6 +29,7 @@ std::vector<std::string> RegisterWindows(platform::Windows& windows, const shell
       {shell::kLauncherName, [launcher] { return std::make_unique<LauncherWindow>(launcher); }},
       {kMenuName, Makes<MenuWindow>()},
       {views2d::ui::kWorldViewName, views2d::ui::MakeWorldView},
+      {views2d::ui::kHorizonName, views2d::ui::MakeHorizonView},
       {views2d::ui::kTableViewName, views2d::ui::MakeTableView},
       {kAboutName, Makes<AboutWindow>()},
       {kSystemInformationName, [sources] { return std::make_unique<SystemInformationWindow>(sources); }},

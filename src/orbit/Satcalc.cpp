@@ -77,9 +77,10 @@ class ObserverElsewhere {
   double height_;
 };
 
-void CalcPlace(OrbitEngine& engine, std::string_view name, double engineTime, ResultBlock& result) {
+/// @return false if the engine gave no position
+bool CalcPlace(OrbitEngine& engine, std::string_view name, double engineTime, ResultBlock& result) {
   double azimuthRad = 0, elevationRad = 0, lonRad = 0, latRad = 0;
-  kTrap([&] {
+  const bool found = kTrap([&] {
     std::int16_t unused = 0;
     engine.CalcPosition(name, engineTime, 0, 0, result.SatDescending, azimuthRad, elevationRad, lonRad, latRad,
                         result.SatRange, result.SatRangeRate, result.SatHeight, result.SatPhase, unused);
@@ -100,6 +101,7 @@ void CalcPlace(OrbitEngine& engine, std::string_view name, double engineTime, Re
   kTrap([&] { result.SatPhaseMA = PhaseOn255(fraction); });
   kTrap([&] { result.SatOrbit = std::to_string(engine.OrbitNumber()); });
   kTrap([&] { result.SatMA = PhaseInDegrees(fraction); });
+  return found;
 }
 
 /// What only the selected satellite gets.
@@ -144,15 +146,16 @@ std::string PhaseInDegrees(double fraction) {
   return platform::Format(fraction * 360, "0.00");
 }
 
-void Satcalc(const Sky& sky, std::string_view name, const DateParts& local, bool extended) {
+bool Satcalc(const Sky& sky, std::string_view name, const DateParts& local, bool extended) {
   SerialDate date = 0;
   SerialDate utc = 0;
   double engineTime = 0;
   kTrap([&] { date = platform::MakeSerial(In16Bits(local)); });
   kTrap([&] { utc = LocalToUTC(date); });
   kTrap([&] { engineTime = sky.engine.EngineTime(utc); });
-  CalcPlace(sky.engine, name, engineTime, sky.tables.result);
+  const bool found = CalcPlace(sky.engine, name, engineTime, sky.tables.result);
   if (extended && name == sky.tables.SelSatName) CalcExtended(sky, name, engineTime);
+  return found;
 }
 
 SerialDate NextAOS(const Sky& sky, std::string_view name) {

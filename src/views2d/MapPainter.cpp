@@ -11,6 +11,7 @@
 #include "views2d/MapGeometry.h"
 
 #include "MapModes.h"
+#include "Sprites.h"
 
 namespace kestrava::views2d {
 
@@ -28,9 +29,7 @@ constexpr std::string_view kSmallFont = "Small fonts";
 constexpr int kSmallFontSize = 7;
 constexpr int kLineWidthPx = 2;
 constexpr int kHomeOffsetPx = 3;  // the dot stands right of and above the true place on purpose
-constexpr int kSunSizePx = 30;
 constexpr int kMoonSizePx = 20;
-constexpr int kSatSizePx = 32;
 constexpr int kStatusLineRisePx = 20;
 constexpr std::uint8_t kNightWeight = 40;  // of 255
 /// A jump of the terminator by more than this leaves through one edge and comes back through the other. A plain
@@ -46,23 +45,6 @@ int Rounded(double x) {
 
 int Half(int length) {
   return Rounded(length / 2.0);
-}
-
-/// Which sprite a name gets, and how far above the satellite its label stands.
-struct Look {
-  int sprite = 0;
-  int labelRisePx = 14;
-};
-
-/// Case counts; each later hit overrides.
-Look LookOf(std::string_view name) {
-  Look look;
-  if (platform::BeginsWith(name, "ISS")) look = {1, 24};
-  if (platform::BeginsWith(name, "STS")) look = {3, 24};
-  if (platform::Contains(name, "P3D")) look = {4, 16};
-  if (platform::Contains(name, "AO-40")) look = {4, 16};
-  if (platform::BeginsWith(name, "NOAA")) look = {5, 21};
-  return look;
 }
 
 /// The last of the dots of "GroundTrackLen" minutes. The length is asked anew: just raised and the track not yet
@@ -168,7 +150,7 @@ void MapPainter::PaintLocations() {
 void MapPainter::PaintSun() {
   const double x = LonToMapX(tables_.SunLon) - kSunSizePx / 2.0;
   const double y = LatToMapY(tables_.SunLat) - kSunSizePx / 2.0;
-  PlaceSprite(x, y, kSunSizePx, surfaces_.SunMask, surfaces_.SunPic);
+  PlaceSprite(surfaces_.Final, x, y, kSunSizePx, surfaces_.sprites.SunMask, surfaces_.sprites.SunPic);
 }
 
 void MapPainter::DrawMaskOutline() {
@@ -224,7 +206,7 @@ void MapPainter::BlendMask() {
 void MapPainter::PaintMoon() {
   const double x = LonToMapX(tables_.MoonLon) - kMoonSizePx / 2.0;
   const double y = LatToMapY(tables_.MoonLat) - kMoonSizePx / 2.0;
-  PlaceSprite(x, y, kMoonSizePx, surfaces_.MoonMask, surfaces_.MoonPic);
+  PlaceSprite(surfaces_.Final, x, y, kMoonSizePx, surfaces_.sprites.MoonMask, surfaces_.sprites.MoonPic);
 }
 
 void MapPainter::PaintTrack() {
@@ -252,7 +234,7 @@ void MapPainter::PaintFootprint() {
 void MapPainter::PaintSatellites() {
   for (int i = 1; i <= tables_.FaveCount; ++i) trap([&] { PaintSatellite(i); });
   trap([&] {  // what the labels leave behind
-    MoveTextTo(0, 0);
+    MoveTextTo(surfaces_.Final, 0, 0);
     surfaces_.Final.SetPen(platform::kBlue);
     surfaces_.Final.SetFont("Arial", 11, true);
     surfaces_.Final.SetFont(kSmallFont, kSmallFontSize, true);
@@ -261,19 +243,20 @@ void MapPainter::PaintSatellites() {
 
 void MapPainter::PaintSatellite(int index) {
   const orbit::FaveRec& row = At(tables_.FaveList, index);
-  const Look look = LookOf(row.Name);
+  const SpriteLook look = LookOnMap(row.Name);
   const double x = LonToMapX(row.Lon);
   const double y = LatToMapY(row.Lat);
   // Off-centre by design: 14 left and up, 18 right and down.
-  PlaceSprite(x - 14, y - 14, kSatSizePx, *At(surfaces_.SatMask, look.sprite), *At(surfaces_.SatPic, look.sprite));
-  MoveTextTo(x - 16, y - look.labelRisePx);
+  PlaceSprite(surfaces_.Final, x - 14, y - 14, kSatSizePx, *At(surfaces_.sprites.SatMask, look.sprite),
+              *At(surfaces_.sprites.SatPic, look.sprite));
+  MoveTextTo(surfaces_.Final, x - 16, y - look.labelRisePx);
   surfaces_.Final.SetPen(platform::kWhite);
   surfaces_.Final.Print(row.Name);
 }
 
 void MapPainter::PaintStatusLine() {
   Surface& final = surfaces_.Final;
-  MoveTextTo(0, host_.PlaceToStore().innerHeightPx - kStatusLineRisePx);
+  MoveTextTo(surfaces_.Final, 0, host_.PlaceToStore().innerHeightPx - kStatusLineRisePx);
   const RegionalMode* mode = FindRegionalMode(map_.MapMode);
   final.SetPen(mode && mode->northShiftDeg == 0 ? platform::kWhite : platform::kBlack);
   final.SetFont("Arial", 8, true);
@@ -290,20 +273,6 @@ void MapPainter::StorePlace() {
   trap([&] { platform::WriteSetting("WinPosY", std::to_string(place.topTwips)); });
   trap([&] { platform::WriteSetting("WinPosW", std::to_string(place.widthTwips)); });
   trap([&] { platform::WriteSetting("WinPosH", std::to_string(place.heightTwips)); });
-}
-
-/// A point that marks nothing carries the text position.
-void MapPainter::MoveTextTo(double x, double y) {
-  surfaces_.Final.SetDrawMode(DrawMode::kNoOperation);
-  surfaces_.Final.DrawPoint(x, y);
-  surfaces_.Final.SetDrawMode(DrawMode::kCopy);
-}
-
-/// Transparent by a pair of blits: the mask punches a black hole, the picture, black around the sprite, fills it.
-void MapPainter::PlaceSprite(double x, double y, int sizePx, const Surface& mask, const Surface& picture) {
-  const PixelRect target{Rounded(x), Rounded(y), sizePx, sizePx};
-  surfaces_.Final.BitBlt(target, mask, 0, 0, RasterOp::kSrcAnd);
-  surfaces_.Final.BitBlt(target, picture, 0, 0, RasterOp::kSrcPaint);
 }
 
 void AlphaBlendPercent(Surface& dest, const PixelRect& to, const Surface& source, const PixelRect& from,

@@ -10,7 +10,6 @@
 #include "predict/QuickEta.h"
 #include "station/Announcements.h"
 #include "station/Devices.h"
-#include "store/SatelliteData.h"
 #include "views2d/MapGeometry.h"
 #include "views2d/SatellitePlot.h"
 
@@ -29,8 +28,6 @@ constexpr int kFirstTickMs = 1000;
 constexpr int kSlowTickMs = 60000;
 constexpr int kClearedTrackRows = 1440;
 constexpr int kClearedFootprintRows = 360;
-
-constexpr const char* kNoInformation = "No Information available\r\n";
 
 const char* WorldMode() {
   return ReadSwitch("Altworld", "0") ? "worldalt" : "worldnormal";
@@ -87,7 +84,7 @@ void MapWindow::Load() {
   });
   trap([&] { view_.SetMarked(MapMark::kAutoSelect, ReadSwitch("AutoSelect", "0")); });
   trap([&] { LoadPicture(); });
-  trap([&] { LoadPlace(); });
+  trap([&] { view_.ApplyPlace(ReadStoredPlace(trap)); });
   sky_.tables.SelSat = 1;
   sky_.tables.SelSatName = sky_.tables.FaveList[1].Name;
   trap([&] {
@@ -100,20 +97,6 @@ void MapWindow::Load() {
 void MapWindow::LoadPicture() {
   const std::string file = ReadSetting("MapFile", "Default") + ".jpg";
   if (platform::FileExists(platform::InAppDir(file))) view_.LoadWorldPicture(platform::InAppDir(file).string());
-}
-
-void MapWindow::LoadPlace() {
-  const FaultTrap trap{"map - Form_load"};
-  const auto twips = [&](std::string_view key, int usual) {
-    int value = usual;  // a setting that is no number costs only itself
-    trap([&] { value = platform::ToInt32(ReadNumberSetting(key, std::to_string(usual))); });
-    return value;
-  };
-  const int left = twips("WinPosX", 200);
-  const int top = twips("WinPosY", 200);
-  const int width = twips("WinPosW", 12195);
-  const int height = twips("WinPosH", 7920);
-  view_.ApplyPlace(left, top, width, height);
 }
 
 void MapWindow::Activate() {
@@ -366,17 +349,8 @@ void MapWindow::ShowControlPanel() {
   platform::TheWindows().Show("frmCON2D");
 }
 
-// A missing satellite.dat is said in a message each time; while one stands, resizing must not pile up more of them.
 void MapWindow::FillDataText() {
-  if (fillingData_) return;
-  struct Filling {
-    bool& flag;
-    explicit Filling(bool& f) : flag(f) { flag = true; }
-    ~Filling() { flag = false; }
-  };
-  const Filling filling(fillingData_);
-  const std::string text = store::SatelliteDataFunc(sky_.tables.SelSatName);
-  view_.SetDataText(text.empty() ? std::string(kNoInformation) : text);
+  if (const auto text = dataText_.Of(sky_.tables.SelSatName)) view_.SetDataText(*text);
 }
 
 void MapWindow::Unload() {

@@ -60,10 +60,10 @@ class RasterSurface : public LoggedSurface {
 class MaskFill : public PainterFixture {
  protected:
   MaskFill() {
-    std::array<platform::Surface*, 6> masks{};
+    std::array<const platform::Surface*, 6> masks{};
     masks.fill(sprites[0].get());
     painter = std::make_unique<MapPainter>(
-        tables, map, MapSurfaces{final, world, raster, sunMask, sunPic, moonMask, moonPic, masks, masks}, host);
+        tables, map, MapSurfaces{final, world, raster, {sunMask, sunPic, moonMask, moonPic, masks, masks}}, host);
   }
 
   /// Pixels on the wrong side, leaving out a band of so many degrees around the terminator and the rows at the poles.

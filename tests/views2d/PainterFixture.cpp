@@ -21,15 +21,15 @@ orbit::PointRec PointFrom(double latDeg, double lonDegWest, double distanceDeg, 
 }  // namespace
 
 PainterFixture::PainterFixture() {
-  std::array<platform::Surface*, 6> masks{};
-  std::array<platform::Surface*, 6> pictures{};
+  std::array<const platform::Surface*, 6> masks{};
+  std::array<const platform::Surface*, 6> pictures{};
   for (std::size_t i = 0; i < masks.size(); ++i) {
     const std::string index = "(" + std::to_string(i) + ")";
     masks[i] = sprites.emplace_back(std::make_unique<LoggedSurface>(log, "SatMask" + index, 32, 32)).get();
     pictures[i] = sprites.emplace_back(std::make_unique<LoggedSurface>(log, "SatPic" + index, 32, 32)).get();
   }
   painter = std::make_unique<MapPainter>(
-      tables, map, MapSurfaces{final, world, alpha, sunMask, sunPic, moonMask, moonPic, masks, pictures}, host);
+      tables, map, MapSurfaces{final, world, alpha, {sunMask, sunPic, moonMask, moonPic, masks, pictures}}, host);
   SetSun(20, 60);
   tables.MoonLat = -10;
   tables.MoonLon = 250;

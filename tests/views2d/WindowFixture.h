@@ -88,7 +88,9 @@ class RememberingView : public MapWindowView {
   bool IsMinimised() const override { return minimised; }
   bool IsShown() const override { return shown; }
   void ApplySkin() override { ++skins; }
-  void ApplyPlace(int l, int t, int w, int h) override { place = {l, t, w, h}; }
+  void ApplyPlace(const WindowPlace& at) override {
+    place = {at.leftTwips, at.topTwips, at.widthTwips, at.heightTwips};
+  }
   void ApplyLayout(const MapLayout& l) override { layout = l; }
   void LoadWorldPicture(const std::string& file) override { picture = file; }
   void ShowInfoLines() override { order.emplace_back("lines"); }

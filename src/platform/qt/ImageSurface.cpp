@@ -1,5 +1,6 @@
 #include "platform/qt/ImageSurface.h"
 
+#include <QFontMetrics>
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
@@ -159,6 +160,7 @@ PixelView ImageSurface::ViewAt(double scale) const {
 
 void ImageSurface::Clear(Colour colour) {
   std::fill(pixels_.begin(), pixels_.end(), ToRgb(colour));
+  labels_->NextPicture();
   Touch();
 }
 
@@ -169,7 +171,8 @@ void ImageSurface::SetFont(std::string_view name, int pointSize, bool bold) {
       return;
     }
   }
-  faces_.push_back({std::string(name), pointSize, bold, scale_, FontForScale(name, pointSize, bold, scale_)});
+  const QFont font = FontForScale(name, pointSize, bold, scale_);
+  faces_.push_back({std::string(name), pointSize, bold, scale_, font, QFontMetrics(font).height() / scale_});
   face_ = faces_.size() - 1;
 }
 
@@ -215,7 +218,22 @@ void ImageSurface::DrawCircle(double x, double y, double radius) {
   painter.drawEllipse(QPointF(Tame(x), Tame(y)), Tame(radius), Tame(radius));
 }
 
+double ImageSurface::LineHeight() const {
+  return faces_[face_].lineHeight;
+}
+
+double ImageSurface::TextWidth(std::string_view text) const {
+  const QString string = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return QFontMetrics(faces_[face_].font).horizontalAdvance(string) / scale_;
+}
+
 void ImageSurface::Print(std::string_view text) {
+  PrintHere(text);
+  x_ = 0;
+  y_ += LineHeight();
+}
+
+void ImageSurface::PrintHere(std::string_view text) {
   if (!Marks() || text.empty()) return;
   const int halo = kind_ == Kind::kPicture ? std::max(1, Device(1)) : 0;
   const Label& label = labels_->Get(text, static_cast<std::uint32_t>(face_), pen_, faces_[face_].font, halo);

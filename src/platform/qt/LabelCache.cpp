@@ -10,8 +10,8 @@
 namespace kestrava::platform::qt {
 namespace {
 
-constexpr std::size_t kGenerationBytes = 8u << 20;
-constexpr std::uint32_t kHaloOpacity = 190;  // of 255
+constexpr std::size_t kGenerationBytes = 24u << 20;  // 499 names at 200 % are 13 MB
+constexpr std::uint32_t kHaloOpacity = 190;          // of 255
 
 bool IsLight(std::uint32_t rgb) {
   const std::uint32_t red = (rgb >> 16) & 0xff;
@@ -97,10 +97,7 @@ const Label& LabelCache::Get(std::string_view text, std::uint32_t look, std::uin
                              int haloPixels) {
   const KeyView key{text, (static_cast<std::uint64_t>(look) << 32) | rgb};
   if (const auto found = recent_.find(key); found != recent_.end()) return found->second;
-  if (recentBytes_ > kGenerationBytes) {
-    earlier_ = std::exchange(recent_, {});
-    recentBytes_ = 0;
-  }
+  if (recentBytes_ > kGenerationBytes) NextPicture();
   if (const auto old = earlier_.find(key); old != earlier_.end()) {
     recentBytes_ += old->second.pixels.size() * sizeof(std::uint32_t);
     return recent_.insert(earlier_.extract(old)).position->second;
@@ -109,6 +106,11 @@ const Label& LabelCache::Get(std::string_view text, std::uint32_t look, std::uin
   Label label = RenderLabel(text, rgb, font, haloPixels);
   recentBytes_ += label.pixels.size() * sizeof(std::uint32_t);
   return recent_.emplace(Key{std::string(text), key.look}, std::move(label)).first->second;
+}
+
+void LabelCache::NextPicture() {
+  earlier_ = std::exchange(recent_, {});
+  recentBytes_ = 0;
 }
 
 void LabelCache::Clear() {

@@ -1,4 +1,5 @@
-// Rendered labels with their halo, kept by text, face and colour: a map shows the same names on every tick.
+// Rendered labels with their halo, kept by text, face and colour: a map shows the same names on every tick. Lines that
+// change with the time go two pictures later.
 #pragma once
 
 #include <QFont>
@@ -27,6 +28,8 @@ class LabelCache {
   /// @param look  tells faces, sizes and halos apart; below 65536
   const Label& Get(std::string_view text, std::uint32_t look, std::uint32_t rgb, const QFont& font, int haloPixels);
   void Clear();
+  /// A picture is begun anew: what was not printed on the one before it goes when the next one begins.
+  void NextPicture();
   int RenderCount() const { return renderCount_; }
 
  private:

@@ -6,6 +6,8 @@
 #include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
 
+#include "MenuEntries.h"
+
 namespace kestrava::views2d::ui {
 
 namespace {
@@ -83,20 +85,12 @@ void MapMenus::AddRows(QMenu& menu, std::span<const MapMenuRow> rows) {
 }
 
 void MapMenus::AddEntry(QMenu& menu, const MapMenuRow& row) {
-  QAction* action = menu.addAction(row.text);
-  action->setObjectName(row.objectName);
-  action->setShortcut(QKeySequence(row.key));
-  if (row.needsWindow) action->setEnabled(platform::TheWindows().Knows(row.needsWindow));
-  if (row.mark != kNoMark) {
-    action->setCheckable(true);
-    marked_[static_cast<std::size_t>(row.mark)] = action;
-    // The behaviour flips the mark itself; the toolkit has flipped it already when it tells of the click.
-    QObject::connect(action, &QAction::triggered, action, [action](bool on) { action->setChecked(!on); });
-  }
-  QObject::connect(action, &QAction::triggered, action, [this, row] {
-    platform::RunUntrapped(row.text,
-                           [&] { row.action ? (window_.*row.action)() : window_.ChangeToRegion(row.region); });
+  const EntryKind kind = row.mark == kNoMark ? EntryKind::kPlain : EntryKind::kMarked;
+  QAction* entry = AddMenuEntry(menu, row.objectName, row.text, row.key, kind, [this, row] {
+    row.action ? (window_.*row.action)() : window_.ChangeToRegion(row.region);
   });
+  if (row.needsWindow) entry->setEnabled(platform::TheWindows().Knows(row.needsWindow));
+  if (row.mark != kNoMark) marked_[static_cast<std::size_t>(row.mark)] = entry;
 }
 
 void MapMenus::CreateFavouriteEntry(int index) {

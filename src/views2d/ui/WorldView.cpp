@@ -44,7 +44,7 @@ void WorldView::BuildUi() {
   body_ = new QWidget(this);
   body_->setObjectName("body");
   column->addWidget(body_, 1);
-  canvas_ = platform::qt::Named(new MapCanvas(body_), "Final", tr("Map"));
+  canvas_ = platform::qt::Named(new ViewCanvas(body_), "Final", tr("Map"));
   canvas_->Back().SetLineWidth(2);
   painter_ =
       std::make_unique<MapPainter>(sky_.tables, behaviour_->State(), pictures_->Surfaces(canvas_->Back()), *this);
@@ -67,7 +67,7 @@ void WorldView::ConnectSignals() {
           [this](QTreeWidgetItem* row) { behaviour_->QuickEtaItemClicked(platform::qt::FromQt(row->text(1))); });
   connect(&pane_->QuickEta(), &QTreeWidget::itemActivated, this,  // the same by the keyboard
           [this](QTreeWidgetItem* row) { behaviour_->QuickEtaItemClicked(platform::qt::FromQt(row->text(1))); });
-  connect(canvas_, &MapCanvas::MenuAsked, this,
+  connect(canvas_, &ViewCanvas::MenuAsked, this,
           [this](QPoint at) { menus_->SatelliteMenu().popup(canvas_->mapToGlobal(at)); });
   ConnectButtons();
 }
@@ -118,8 +118,8 @@ MapWindowPlace WorldView::PlaceToStore() const {
   return {place.left, place.top, place.width, place.height, isVisible() && !isMinimized(), body_->height()};
 }
 
-void WorldView::ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heightTwips) {
-  SetPlace({leftTwips, topTwips, widthTwips, heightTwips});
+void WorldView::ApplyPlace(const WindowPlace& place) {
+  SetPlace({place.leftTwips, place.topTwips, place.widthTwips, place.heightTwips});
 }
 
 void WorldView::ApplyLayout(const MapLayout& layout) {

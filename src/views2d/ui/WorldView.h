@@ -12,9 +12,9 @@
 #include "views2d/MapWindow.h"
 
 #include "InfoPane.h"
-#include "MapCanvas.h"
 #include "MapMenus.h"
 #include "MapPictures.h"
+#include "ViewCanvas.h"
 
 namespace kestrava::views2d::ui {
 
@@ -50,7 +50,7 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   bool IsMinimised() const override { return StationWindow::IsMinimised(); }
   bool IsShown() const override { return isVisible(); }
   void ApplySkin() override { StationWindow::ApplySkin(); }
-  void ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heightTwips) override;
+  void ApplyPlace(const WindowPlace& place) override;
   void ApplyLayout(const MapLayout& layout) override;
   void LoadWorldPicture(const std::string& file) override;
   void ShowInfoLines() override;
@@ -82,7 +82,7 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   bool painting_ = false;
   bool paintAsked_ = false;
   QWidget* body_ = nullptr;
-  MapCanvas* canvas_ = nullptr;
+  ViewCanvas* canvas_ = nullptr;
   platform::qt::SkinButton* expand_ = nullptr;
   platform::qt::LedClockWidget* ledClock_ = nullptr;
   InfoPane* pane_ = nullptr;

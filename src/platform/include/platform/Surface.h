@@ -16,6 +16,7 @@ inline constexpr Colour kGreen = 0x00FF00;
 inline constexpr Colour kRed = 0x0000FF;
 inline constexpr Colour kBlue = 0xFF0000;
 inline constexpr Colour kOrange = 0x0080FF;
+inline constexpr Colour kYellow = 0x00FFFF;
 
 struct PixelRect {
   int left = 0;
@@ -54,7 +55,8 @@ class Surface {
   virtual void LineTo(double x, double y) = 0;
   /// The outline of a circle; the current position moves to its centre.
   virtual void DrawCircle(double x, double y, double radius) = 0;
-  /// Text with its top left at the current position, in the pen's colour.
+  /// Text with its top left at the current position, in the pen's colour. The position moves to the left edge, one line
+  /// of the font down.
   virtual void Print(std::string_view text) = 0;
 
   /// Copies without scaling from the source's (sourceX, sourceY).

@@ -1,12 +1,12 @@
 // The painter of the map: rebuilds the whole picture from the shared tables in a fixed order of layers, on every tick.
 #pragma once
 
-#include <array>
 #include <cstdint>
 
 #include "orbit/Tables.h"
 #include "platform/Surface.h"
 #include "views2d/MapState.h"
+#include "views2d/SpriteSet.h"
 
 namespace kestrava::views2d {
 
@@ -15,12 +15,7 @@ struct MapSurfaces {
   platform::Surface& Final;        ///< the map as the user sees it
   platform::Surface& WorldNormal;  ///< the whole-world picture; black and of its design size while none is loaded
   platform::Surface& Alpha;        ///< the day and night mask, small and never resized
-  platform::Surface& SunMask;
-  platform::Surface& SunPic;
-  platform::Surface& MoonMask;
-  platform::Surface& MoonPic;
-  std::array<platform::Surface*, 6> SatMask;
-  std::array<platform::Surface*, 6> SatPic;
+  SpriteSet sprites;
 };
 
 inline constexpr int kWorldDesignWidth = 1400;
@@ -78,8 +73,6 @@ class MapPainter {
   void PaintSatellite(int index);
   void PaintStatusLine();
   void StorePlace();
-  void MoveTextTo(double x, double y);
-  void PlaceSprite(double x, double y, int sizePx, const platform::Surface& mask, const platform::Surface& picture);
 
   const orbit::Tables& tables_;
   const MapState& map_;

@@ -11,8 +11,10 @@
 #include "platform/Controls.h"
 #include "platform/EventLoop.h"
 #include "platform/Surface.h"
+#include "views2d/DataText.h"
 #include "views2d/MapPainter.h"
 #include "views2d/MapState.h"
+#include "views2d/WindowPlace.h"
 
 namespace kestrava::views2d {
 
@@ -52,7 +54,7 @@ class MapWindowView : public MapHost, public PaintHost {
   virtual bool IsMinimised() const = 0;
   virtual bool IsShown() const = 0;
   virtual void ApplySkin() = 0;
-  virtual void ApplyPlace(int leftTwips, int topTwips, int widthTwips, int heightTwips) = 0;
+  virtual void ApplyPlace(const WindowPlace& place) = 0;
   virtual void ApplyLayout(const MapLayout& layout) = 0;
   /// Loads the whole-world picture. @throws platform::Fault
   virtual void LoadWorldPicture(const std::string& file) = 0;
@@ -131,7 +133,6 @@ class MapWindow {
   void StopWarp();
   void FillDataText();
   void LoadPicture();
-  void LoadPlace();
   void FillFavouriteMenu();
 
   orbit::Sky sky_;
@@ -141,7 +142,7 @@ class MapWindow {
   std::unique_ptr<platform::Timer> timer1_;
   std::unique_ptr<platform::Timer> timer2_;
   bool open_ = true;
-  bool fillingData_ = false;
+  DataText dataText_;
 };
 
 }  // namespace kestrava::views2d

@@ -49,6 +49,9 @@ class ImageSurface : public Surface {
   void SetFillColour(Colour colour) { fill_ = ToRgb(colour); }
   double CurrentX() const { return x_; }
   double CurrentY() const { return y_; }
+  /// Of the present font, logical pixels.
+  double LineHeight() const;
+  double TextWidth(std::string_view text) const;
   /// How many texts and stretched pictures had to be made anew so far; the rest came from the caches.
   int RenderCount() const;
   int StretchCount() const;
@@ -79,6 +82,7 @@ class ImageSurface : public Surface {
     bool bold;
     double scale;
     QFont font;
+    double lineHeight;
   };
   struct Variant {
     double scale;
@@ -101,6 +105,7 @@ class ImageSurface : public Surface {
   QImage Canvas();
   bool Marks() const { return mode_ == DrawMode::kCopy; }
   void Touch() { ++revision_; }
+  void PrintHere(std::string_view text);
 
   Kind kind_ = Kind::kPicture;
   int width_ = 0;

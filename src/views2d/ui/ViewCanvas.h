@@ -1,15 +1,16 @@
-// The map as a control: takes the focus, shows it when the keyboard brought it, and asks for its menu by the menu key.
+// A painted view as a control: takes the focus, shows it when the keyboard brought it, and asks for its menu by the
+// menu key.
 #pragma once
 
 #include "platform/qt/SurfaceWidget.h"
 
 namespace kestrava::views2d::ui {
 
-class MapCanvas : public platform::qt::SurfaceWidget {
+class ViewCanvas : public platform::qt::SurfaceWidget {
   Q_OBJECT
 
  public:
-  explicit MapCanvas(QWidget* parent);
+  explicit ViewCanvas(QWidget* parent);
 
  signals:
   /// @param at  where the menu belongs, on this control

@@ -1,4 +1,4 @@
-#include "MapCanvas.h"
+#include "ViewCanvas.h"
 
 #include <QContextMenuEvent>
 #include <QFocusEvent>
@@ -8,11 +8,11 @@
 
 namespace kestrava::views2d::ui {
 
-MapCanvas::MapCanvas(QWidget* parent) : SurfaceWidget(parent) {
+ViewCanvas::ViewCanvas(QWidget* parent) : SurfaceWidget(parent) {
   setFocusPolicy(Qt::StrongFocus);
 }
 
-void MapCanvas::paintEvent(QPaintEvent* event) {
+void ViewCanvas::paintEvent(QPaintEvent* event) {
   SurfaceWidget::paintEvent(event);
   if (!ring_ || !hasFocus()) return;
   QPainter painter(this);
@@ -21,18 +21,18 @@ void MapCanvas::paintEvent(QPaintEvent* event) {
   painter.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
-void MapCanvas::focusInEvent(QFocusEvent* event) {
+void ViewCanvas::focusInEvent(QFocusEvent* event) {
   ring_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   SurfaceWidget::focusInEvent(event);
 }
 
-void MapCanvas::focusOutEvent(QFocusEvent* event) {
+void ViewCanvas::focusOutEvent(QFocusEvent* event) {
   ring_ = false;
   SurfaceWidget::focusOutEvent(event);
 }
 
 // The mouse's right button is told by the press; only the key's own wish is left.
-void MapCanvas::contextMenuEvent(QContextMenuEvent* event) {
+void ViewCanvas::contextMenuEvent(QContextMenuEvent* event) {
   if (event->reason() == QContextMenuEvent::Keyboard) emit MenuAsked(rect().center());
 }
 
