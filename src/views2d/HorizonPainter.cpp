@@ -34,9 +34,37 @@ constexpr int kTrackStartS = 10;
 constexpr int kTrackStepS = 2;
 constexpr int kLastTrackStep = 800;
 
-/// Two seconds by hand. The carries test for equality: a start that passes over 60 never carries, and the seconds then
-/// grow past it, which a date rolls over just as well. Like the warp clock it leaves month and year alone.
-void StepForward(DateParts& moment) {
+}  // namespace
+
+double AzToX(double azDeg, double widthPx, bool centreNorth) {
+  if (!centreNorth) return widthPx / 360 * azDeg;
+  double turnedDeg = azDeg + 180;
+  if (turnedDeg > 360) turnedDeg -= 360;
+  return widthPx / 360 * turnedDeg;
+}
+
+double ElToY(double elDeg, double heightPx) {
+  return heightPx / 90 * (90 - elDeg);
+}
+
+SunInSky SunAt(double elDeg) {
+  if (elDeg > kCivilTwilightDeg) return SunInSky::kUp;
+  return elDeg >= kNightDeg ? SunInSky::kTwilight : SunInSky::kTooLow;
+}
+
+bool IsMoonShown(double elDeg) {
+  return elDeg >= kMoonUpDeg;
+}
+
+bool IsSatelliteShown(double elDeg) {
+  return elDeg > 0;
+}
+
+bool HasSet(double elDeg) {
+  return elDeg < 0;
+}
+
+void StepTrack(DateParts& moment) {
   moment.second += kTrackStepS;
   if (moment.second == 60) {
     moment.second = 0;
@@ -50,19 +78,6 @@ void StepForward(DateParts& moment) {
     moment.hour = 0;
     ++moment.day;
   }
-}
-
-}  // namespace
-
-double AzToX(double azDeg, double widthPx, bool centreNorth) {
-  if (!centreNorth) return widthPx / 360 * azDeg;
-  double turnedDeg = azDeg + 180;
-  if (turnedDeg > 360) turnedDeg -= 360;
-  return widthPx / 360 * turnedDeg;
-}
-
-double ElToY(double elDeg, double heightPx) {
-  return heightPx / 90 * (90 - elDeg);
 }
 
 double HorizonPainter::AzToHorizonX(double azDeg) const {
@@ -127,12 +142,12 @@ void HorizonPainter::PaintSun(const DateParts& now) {
     final.DrawPoint(0, 0);
     final.SetPen(platform::kYellow);
   });
-  // One slightly below the horizon counts as up: its sprite stands under the bottom edge.
-  state_.sun = {result.SatEl > kCivilTwilightDeg, result.SatAz, result.SatEl};
-  if (state_.sun.drawn) {
+  const SunInSky sun = SunAt(result.SatEl);
+  state_.sun = {sun == SunInSky::kUp, result.SatAz, result.SatEl};
+  if (sun == SunInSky::kUp) {  // below the horizon its sprite stands under the bottom edge
     trap([&] { PrintBody("Sun", state_.sun); });
     trap([&] { PaintBody(state_.sun, surfaces_.sprites.SunMask, surfaces_.sprites.SunPic); });
-  } else if (result.SatEl >= kNightDeg) {
+  } else if (sun == SunInSky::kTwilight) {
     trap([&] {
       final.Print(
           "The Sun is slightly below the horizon, Astronomical Twilight Time, Ideal for visual satellite observations");
@@ -145,7 +160,7 @@ void HorizonPainter::PaintSun(const DateParts& now) {
 void HorizonPainter::PaintMoon(const DateParts& now) {
   const orbit::ResultBlock& result = sky_.tables.result;
   trap([&] { orbit::Satcalc(sky_, "moon", now, false); });
-  state_.moon = {result.SatEl >= kMoonUpDeg, result.SatAz, result.SatEl};
+  state_.moon = {IsMoonShown(result.SatEl), result.SatAz, result.SatEl};
   if (state_.moon.drawn) {
     trap([&] { PrintBody("Moon", state_.moon); });
     trap([&] { PaintBody(state_.moon, surfaces_.sprites.MoonMask, surfaces_.sprites.MoonPic); });
@@ -170,12 +185,12 @@ void HorizonPainter::PaintFavourite(int index, const DateParts& now) {
   trap([&] { orbit::Satcalc(sky_, row.Name, now, false); });
   row.Az = tables.result.SatAz;
   row.El = tables.result.SatEl;
-  if (row.El > 0 && tables.SelSat == 0) {
+  if (IsSatelliteShown(row.El) && tables.SelSat == 0) {
     tables.SelSat = platform::ToInt16(index);
     trap([&] { host_.SatelliteTaken(index); });
     if (!host_.IsOpen()) return;
   }
-  if (row.El > 0) DrawFavourite(row);
+  if (IsSatelliteShown(row.El)) DrawFavourite(row);
 }
 
 // On this view the rise moves a label left, not up.
@@ -215,7 +230,7 @@ void HorizonPainter::DrawSkyTrack(std::string_view name) {
     bool found = false;
     trackTrap([&] { found = orbit::Satcalc(sky_, name, moment, false); });
     if (!found) return;  // all further steps would fail too, and push everything else out of the log
-    if (tables.result.SatEl < 0) {
+    if (HasSet(tables.result.SatEl)) {
       if (step == 0) tables.SelSat = 0;  // it has gone down
       return;
     }
@@ -223,7 +238,7 @@ void HorizonPainter::DrawSkyTrack(std::string_view name) {
       surfaces_.Final.SetPen(platform::kGreen);
       surfaces_.Final.DrawPoint(AzToHorizonX(tables.result.SatAz), ElToHorizonY(tables.result.SatEl));
     });
-    StepForward(moment);
+    StepTrack(moment);
   }
 }
 

@@ -199,7 +199,7 @@ bool HorizonWindow::LiesOn(const BodyInSky& body, double x, double y) const {
 
 // On its sprite or on its name.
 bool HorizonWindow::LiesOn(const orbit::FaveRec& row, double x, double y) const {
-  if (!(row.El > 0)) return false;
+  if (!IsSatelliteShown(row.El)) return false;
   const double column = AzToX(row.Az, view_.FinalWidthPx(), state_.CentreNorth);
   const double top = ElToY(row.El, view_.FinalHeightPx()) - kSatRisePx;
   if (Within(x, column - kSatSizePx / 2.0, kSatSizePx) && Within(y, top, kSatSizePx)) return true;

@@ -158,6 +158,7 @@ void Gsatroutine(const orbit::Sky& sky, MapState& map, MapHost& host) {
 void CalcGroundTrack(const orbit::Sky& sky, const MapState& map) {
   constexpr FaultTrap trackTrap{"Mapview CalcGroundTrack"};
   orbit::Tables& tables = sky.tables;
+  if (tables.SelSat == 0) return;  // the horizon has dropped a satellite that has set, and no other one is up
   platform::DateParts moment;
   trackTrap([&] { moment = ShownMoment(map.warp); });
   int lastStep = -1;

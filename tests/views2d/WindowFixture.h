@@ -15,6 +15,7 @@
 #include "station/Devices.h"
 #include "views2d/MapWindow.h"
 
+#include "RememberingTracker.h"
 #include "support/House.h"
 
 namespace kestrava::views2d {
@@ -119,20 +120,6 @@ class RememberingView : public MapWindowView {
   }
   void SetFavouriteCaption(int index, const std::string& caption) override { captions[index] = caption; }
   void PopUpSatelliteMenu() override { ++popUps; }
-};
-
-class RememberingTracker : public station::TrackingWindow {
- public:
-  RememberingTracker() { station::UseTrackingWindow(this); }
-  ~RememberingTracker() override { station::UseTrackingWindow(nullptr); }
-  bool IsVisible() const override { return visible; }
-  void SetTag(std::string_view name) override { tag = name; }
-  void SelectSatellite(std::string_view name) override { selected = name; }
-  void UpdateCombos() override { ++updates; }
-  bool visible = true;
-  std::string tag;
-  std::string selected;
-  int updates = 0;
 };
 
 class MapWindowTest : public testing::House {

@@ -1,5 +1,4 @@
-// The looks of the map window: small pictures of it are compared with those in tests/data/golden/mapwindow. Whole
-// pictures for the eye are saved where KESTRAVA_SHOTS names a folder; KESTRAVA_GOLDEN=write makes the golden ones anew.
+// The looks of the map window.
 #include <QAction>
 #include <QImage>
 #include <QSlider>
@@ -9,44 +8,17 @@
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/Theme.h"
 
+#include "LookCompare.h"
 #include "MapFixture.h"
-#include "support_qt/Shots.h"
 
 namespace kestrava::views2d::ui {
 namespace {
 
-constexpr int kShrink = 4;             // hides how a machine's faces are hinted
-constexpr int kChannelTolerance = 28;  // of 255
-constexpr double kMayDiffer = 0.01;    // of the pixels
-
-int GreatestDifference(QRgb a, QRgb b) {
-  return std::max({std::abs(qRed(a) - qRed(b)), std::abs(qGreen(a) - qGreen(b)), std::abs(qBlue(a) - qBlue(b))});
-}
-
-double ShareOfDiffering(const QImage& a, const QImage& b) {
-  int differing = 0;
-  for (int y = 0; y < a.height(); ++y)
-    for (int x = 0; x < a.width(); ++x)
-      differing += GreatestDifference(a.pixel(x, y), b.pixel(x, y)) > kChannelTolerance;
-  return static_cast<double>(differing) / (a.width() * a.height());
-}
-
 class MapLook : public MapFixture {
  protected:
-  static void Shot(QWidget& map, const std::string& name) {
-    const std::string scale = qEnvironmentVariable("KESTRAVA_TEST_SCALE", "1").toStdString();
-    testing::SaveShot(map, ("map-" + name + "-x" + scale).c_str());
-  }
-
+  static void Shot(QWidget& map, const std::string& name) { ui::Shot(map, "map", name); }
   static void ExpectLooksLike(QWidget& map, const std::string& name) {
-    Shot(map, name);
-    const QImage now = testing::Grab(map).scaled(map.size() / kShrink, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    const QString file = QString(KESTRAVA_TEST_DATA "golden/mapwindow/%1.png").arg(name.c_str());
-    if (qEnvironmentVariable("KESTRAVA_GOLDEN") == "write") now.save(file);
-    const QImage golden = QImage(file).convertToFormat(QImage::Format_RGB32);
-    ASSERT_EQ(golden.size(), now.size()) << name;
-    const double share = ShareOfDiffering(now.convertToFormat(QImage::Format_RGB32), golden);
-    EXPECT_LE(share, kMayDiffer) << name << ": look at it with KESTRAVA_SHOTS=<folder>";
+    ui::ExpectLooksLike(map, "mapwindow", "map", name);
   }
 };
 

@@ -15,6 +15,19 @@ double AzToX(double azDeg, double widthPx, bool centreNorth);
 /// Pixel row of an elevation: the zenith is the top edge, the horizon the bottom edge, below it off the surface.
 double ElToY(double elDeg, double heightPx);
 
+/// What is said of the Sun. One slightly below the horizon counts as up; both ends of the twilight belong to it.
+enum class SunInSky { kUp, kTwilight, kTooLow };
+SunInSky SunAt(double elDeg);
+/// The Moon counts from one degree on, a satellite from just above the horizon on.
+bool IsMoonShown(double elDeg);
+bool IsSatelliteShown(double elDeg);
+/// A track goes on at an elevation of exactly 0.
+bool HasSet(double elDeg);
+
+/// Two seconds on. The carries test for equality: a second that passes over 60 never carries and grows past it, which a
+/// date rolls over just as well. Month and year stay alone.
+void StepTrack(platform::DateParts& moment);
+
 inline constexpr int kBackDropDesignWidth = 794;
 inline constexpr int kBackDropDesignHeight = 509;
 
