@@ -79,14 +79,17 @@ void BenchStation::LoadPictures() {
   }
 }
 
-views2d::MapSurfaces BenchStation::Surfaces() {
-  views2d::MapSurfaces surfaces{
-      final_, world_, alpha_, {*sprites_[0], *sprites_[1], *sprites_[2], *sprites_[3], {}, {}}};
-  for (std::size_t i = 0; i < 6; ++i) {
-    surfaces.sprites.SatMask[i] = sprites_[4 + 2 * i].get();
-    surfaces.sprites.SatPic[i] = sprites_[5 + 2 * i].get();
+views2d::SpriteSet BenchStation::Sprites() const {
+  views2d::SpriteSet set{*sprites_[0], *sprites_[1], *sprites_[2], *sprites_[3], {}, {}};
+  for (std::size_t i = 0; i < views2d::kSatSprites; ++i) {
+    set.SatMask[i] = sprites_[4 + 2 * i].get();
+    set.SatPic[i] = sprites_[5 + 2 * i].get();
   }
-  return surfaces;
+  return set;
+}
+
+views2d::MapSurfaces BenchStation::Surfaces() {
+  return {final_, world_, alpha_, Sprites()};
 }
 
 void BenchStation::Plot() {

@@ -60,6 +60,9 @@ class BenchStation {
   void Paint() { painter_->RepaintMapScreen(); }
   void Track() { views2d::CalcGroundTrack(sky_, map_); }
   void SunAndMoon() { views2d::CalcSunMoon(sky_, map_, window_); }
+  BenchClock& Clock() { return clock_; }
+  const orbit::Sky& Sky() const { return sky_; }
+  views2d::SpriteSet Sprites() const;
   bool SavePicture(const std::string& file) const { return final_.Image().save(QString::fromStdString(file)); }
 
  private:

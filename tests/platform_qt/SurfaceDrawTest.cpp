@@ -132,6 +132,19 @@ TEST(SurfacePosition, ALineEndsWhereTheNextOneStarts) {
   EXPECT_EQ(PixelAt(surface, 25, 25), kBlack);
 }
 
+TEST(SurfacePosition, ATextMovesItToTheLeftEdgeOfTheNextLine) {
+  for (const double scale : {1.0, 1.5, 2.0}) {
+    ImageSurface surface(200, 100, scale);
+    surface.SetFont("Arial", 8, true);
+    surface.DrawPoint(60, 20);
+    surface.Print("The Sun");
+    EXPECT_EQ(surface.CurrentX(), 0) << scale;
+    EXPECT_EQ(surface.CurrentY(), 20 + surface.LineHeight()) << scale;
+    EXPECT_GT(surface.LineHeight(), 9) << scale;
+    EXPECT_LT(surface.LineHeight(), 16) << scale;
+  }
+}
+
 TEST(SurfaceCircle, LeavesThePositionAtItsCentre) {
   ImageSurface surface(60, 60);
   surface.DrawCircle(30, 31, 10);
@@ -200,6 +213,21 @@ TEST(SurfaceText, IsRenderedOnceWhateverItsPlace) {
   surface.SetPen(kGreen);
   surface.Print("SAT 1");
   EXPECT_EQ(surface.RenderCount(), 301);
+}
+
+TEST(SurfaceText, IsForgottenTwoPicturesAfterItWasLastPrinted) {
+  ImageSurface surface(400, 100);
+  surface.SetFont("Arial", 8, true);
+  surface.Print("ISS");
+  for (int picture = 0; picture < 3; ++picture) {
+    surface.Clear(kBlack);
+    surface.Print("ISS");
+  }
+  EXPECT_EQ(surface.RenderCount(), 1) << "printed on each";
+  surface.Clear(kBlack);
+  surface.Clear(kBlack);
+  surface.Print("ISS");
+  EXPECT_EQ(surface.RenderCount(), 2) << "not printed on one";
 }
 
 TEST(SurfaceText, StaysBoundedWhenEveryTextIsNew) {

@@ -45,6 +45,7 @@ const std::vector<SettingChoice>& Choices() {
       {"ShowInfoPane", {"0", "1"}},
       {"Skin", {"0", "1"}},
       {"MapFile", {"Default", "Night", "Missing"}},
+      {"HorizonFile", {"hdefault", "hmoonlit", "hsea", "Missing"}},
   };
   return choices;
 }
@@ -208,7 +209,7 @@ void Robot::ChangeASetting() {
 
 void Robot::OpenAWindow() {
   static const std::vector<const char*> modes{"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
-  static const std::vector<const char*> others{"About", "SystemInformation", "WorldView", "Tabular"};
+  static const std::vector<const char*> others{"About", "SystemInformation", "WorldView", "Tabular", "Horizon"};
   const char* mode = OneOf(modes);
   const std::string other = OneOf(others);
   const bool quadrant = Below(3) == 0 && station_.Windows().Loaded().size() < 8;

@@ -24,8 +24,9 @@ std::string ReadWhole(const std::string& path) {
 TEST_P(HorizonGolden, PaintsTheFrozenOperations) {
   const std::string centre = GetParam();
   state.CentreNorth = centre == "north";
-  SetFavourites({"NOAA 15", kStation, "HST", "METEOSAT-8 (MSG", "SAUDISAT 1C (SO"});
-  GoPastRise(kStation, 120);
+  SetFavourites({"NOAA 15", kStation, "TIANGONG-2", "METEOSAT-8 (MSG", "SAUDISAT 1C (SO"});
+  engine.SetObserver({30, 45, 0});
+  GoPastRise("NOAA 15", 480);
   Paint();
   const std::string painted = log.GoldenText();
   if (std::getenv("KESTRAVA_WRITE_GOLDEN")) std::ofstream(GoldenPath(centre), std::ios::binary) << painted;

@@ -219,7 +219,7 @@ void ImageSurface::DrawCircle(double x, double y, double radius) {
 }
 
 double ImageSurface::LineHeight() const {
-  return faces_[face_].lineHeight;
+  return faces_[face_].lineHeightPx;
 }
 
 double ImageSurface::TextWidth(std::string_view text) const {

@@ -82,7 +82,7 @@ class ImageSurface : public Surface {
     bool bold;
     double scale;
     QFont font;
-    double lineHeight;
+    double lineHeightPx;
   };
   struct Variant {
     double scale;
