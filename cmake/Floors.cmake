@@ -9,6 +9,7 @@ set(KESTRAVA_FLOORS
   "store          : platform orbit"
   "station        : platform orbit store"
   "predict        : platform orbit store station"
+  "cli            : platform orbit store station predict CLI11::CLI11 nlohmann_json::nlohmann_json"
   "views2d        : platform orbit store station predict"
   "views2d/ui     : platform platform/qt orbit store station predict views2d Qt6::Widgets"
   "shell          : platform orbit store station predict"
@@ -16,7 +17,7 @@ set(KESTRAVA_FLOORS
 
 # What the program itself and the test programs may link: everything.
 set(KESTRAVA_APP_USES
-  platform platform/linux platform/qt orbit store station predict views2d views2d/ui shell shell/ui Qt6::Widgets)
+  platform platform/linux platform/qt orbit store station predict cli views2d views2d/ui shell shell/ui Qt6::Widgets)
 
 # Turns names of the table into link targets: "platform/qt" becomes kestrava::platform_qt, "Qt6::Widgets" stays.
 function(kestrava_link target)

@@ -9,6 +9,7 @@
 #include "shell/FatalFault.h"
 
 #include "Run.h"
+#include "Terminal.h"
 
 namespace {
 
@@ -33,8 +34,8 @@ int TellFailure(const char* what) {
 
 int main(int argc, char** argv) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a disk that is full, not the end of the process
+  if (const auto answered = kestrava::app::AnswerInTerminal(argc, argv)) return *answered;
   NameTheProgram();
-  if (const auto answered = kestrava::app::AnswerWithoutWindows(argc, argv)) return *answered;
   kestrava::app::Application application(argc, argv);
   const auto commandLine = kestrava::app::ReadCommandLine(application);
   if (!commandLine) return 2;

@@ -70,8 +70,8 @@ void FlushHeldFaults() {
   }
 }
 
-void ObserveFaults(FaultObserver observer) {
-  Observer() = std::move(observer);
+FaultObserver ObserveFaults(FaultObserver observer) {
+  return std::exchange(Observer(), std::move(observer));
 }
 
 }  // namespace kestrava::platform

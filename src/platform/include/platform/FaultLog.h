@@ -16,8 +16,9 @@ std::string ErrorLogLine(std::string_view message, std::string_view trapName);
 /// Writes the lines that were held while the user's folder was not known. Called once AppDir stands.
 void FlushHeldFaults();
 
-/// For tests and the robot user: called with every fault that is trapped.
+/// For commands in a terminal, tests and the robot user: called with every fault that is trapped.
 using FaultObserver = std::function<void(std::string_view message, std::string_view trapName)>;
-void ObserveFaults(FaultObserver observer);
+/// @return the earlier observer
+FaultObserver ObserveFaults(FaultObserver observer);
 
 }  // namespace kestrava::platform

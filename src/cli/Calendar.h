@@ -1,0 +1,27 @@
+// Passes as a calendar that calendar programs import (iCalendar, RFC 5545).
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "predict/PassCalc.h"
+
+#include "Records.h"
+
+namespace kestrava::cli {
+
+/// A pass with the identity of its event.
+struct PassEvent {
+  predict::PassFacts pass;
+  std::string uid;
+};
+
+/// The identity of a satellite's pass, from its catalogue number and orbit number, so that an import after an update of
+/// the elements replaces the event. @param ordinal  1 for the first pass of that orbit, which is nearly always the only
+std::string UidOf(int catalogueNumber, int revolution, int ordinal);
+
+/// Writes nothing without events: a calendar must hold one.
+void WriteCalendar(std::ostream& out, const Place& place, const std::vector<PassEvent>& events);
+
+}  // namespace kestrava::cli

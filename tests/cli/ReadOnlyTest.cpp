@@ -1,0 +1,122 @@
+// Commands change nothing, and read what the windows read.
+#include <gtest/gtest.h>
+
+#include "cli/ReadOnlyDoors.h"
+#include "cli/Terminal.h"
+#include "platform/Doors.h"
+#include "platform/Settings.h"
+
+namespace kestrava::cli {
+namespace {
+
+using ReadOnly = Terminal;
+
+TEST_F(ReadOnly, NoCommandWritesAnything) {
+  Put("faves.dat", "NOBODY KNOWS\r\nISS (ZARYA)\r\n\r\nNOAA 15");  // a loader would put this in order
+  Put("pass.dat", "Mine\r\nISS (ZARYA);\r\n2\r\n1\r\n1\r\n");
+  const std::string faves = Content("faves.dat");
+  const int changes = files.ChangeCount();
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"passes", "25544"},
+                                                    {"next"},
+                                                    {"where", "25544"},
+                                                    {"list", "favourites"},
+                                                    {"list", "groups"},
+                                                    {"job", "Mine"},
+                                                    {"job", "Mine", "--format", "ical"},
+                                                    {"passes", "nobody"}}) {
+    Run(arguments);
+    EXPECT_EQ(files.ChangeCount(), changes) << arguments[0];
+    EXPECT_TRUE(settings.Writes().empty()) << arguments[0];
+  }
+  EXPECT_EQ(Content("faves.dat"), faves);
+  EXPECT_FALSE(files.Exists("/house/error.log"));
+}
+
+TEST_F(ReadOnly, FaultsGoToTheErrorStream) {
+  Put("faves.dat", "NOBODY KNOWS\r\nISS (ZARYA)\r\n");
+  const Answer answer = Run({"list", "favourites", "--format", "csv"});
+  EXPECT_EQ(answer.code, 0);
+  EXPECT_EQ(answer.Lines().size(), 2u);
+  EXPECT_NE(answer.err.find("NOBODY KNOWS"), std::string::npos) << answer.err;
+  files.Remove("/house/groups.dat");
+  EXPECT_NE(Run({"list", "groups"}).err.find("File not found"), std::string::npos);
+}
+
+TEST_F(ReadOnly, ThePlaceOfTheRunIsPutBack) {
+  platform::AppDir = "/elsewhere/";
+  Run({"passes", "25544"});
+  EXPECT_EQ(platform::AppDir, "/elsewhere/");
+  Run({"passes", "25544", "--data", "/nowhere"});
+  EXPECT_EQ(platform::AppDir, "/elsewhere/");
+}
+
+TEST_F(ReadOnly, WithoutAFolderTheShippedDataServeUnseeded) {
+  files.Put("/shipped/groups.dat", Shipped("groups.dat"));
+  files.Put("/shipped/stations.txt", Shipped("stations.txt"));
+  files.Put("/config/settings.conf", "");
+  machine_.shippedData = "/shipped";
+  machine_.place = [] { return store::ZonePlace{"America/New_York", 40.7142, -74.0064}; };
+  const Answer answer = Run({"passes", "25544", "--data", "/new", "--format", "json", "--days", "3"});
+  EXPECT_EQ(answer.code, 0) << answer.err;
+  EXPECT_EQ(answer.OutAsJson()["observer"]["name"], "New York");
+  EXPECT_NEAR(answer.OutAsJson()["observer"]["longitude_east_deg"].get<double>(), -74.0064, 1e-9);
+  EXPECT_NE(answer.err.find("/new/ holds no data yet"), std::string::npos);
+  EXPECT_FALSE(files.FolderExists("/new"));
+  machine_.shippedData.clear();
+  EXPECT_EQ(Run({"list", "--data", "/new"}).code, 1);
+}
+
+TEST_F(ReadOnly, DamagedSettingsAreToldAndLeftAlone) {
+  PutSettings("no equals sign");
+  const Answer answer = Run({"where", "25544", "--format", "json"});
+  EXPECT_EQ(answer.code, 0);
+  EXPECT_NE(answer.err.find("damaged"), std::string::npos);
+  EXPECT_EQ(answer.OutAsJson()["observer"]["latitude_north_deg"], 0.0);
+  EXPECT_EQ(files.Content("/config/settings.conf"), "no equals sign");
+}
+
+TEST_F(ReadOnly, ASettingThatIsNoNumberIsNamed) {
+  PutSettings("Latitude=here\nLongitude=0\n");
+  const Answer answer = Run({"where", "25544"});
+  EXPECT_EQ(answer.code, 1);
+  EXPECT_NE(answer.err.find("the setting Latitude holds 'here'"), std::string::npos) << answer.err;
+  EXPECT_EQ(Run({"where", "25544", "--at", "0,0,0"}).code, 0);
+}
+
+TEST_F(ReadOnly, ChangedFilesAreReadBackFromMemory) {
+  UnchangedFiles kept(files);
+  files.Put("/house/A.txt", "old");
+  const int changes = files.ChangeCount();
+  kept.Replace("/house/a.TXT", "new");
+  EXPECT_EQ(kept.Read("/house/A.txt"), "new");
+  kept.Append("/house/A.txt", "er");
+  EXPECT_EQ(kept.Read("/house/A.txt"), "newer");
+  EXPECT_EQ(kept.Size("/house/A.txt"), 5u);
+  kept.Append("/house/B.txt", "b");
+  kept.Rename("/house/B.txt", "/house/C.txt");
+  EXPECT_FALSE(kept.Exists("/house/B.txt"));
+  EXPECT_EQ(kept.Read("/house/C.txt"), "b");
+  kept.Copy("/house/C.txt", "/house/D.txt");
+  kept.Remove("/house/A.txt");
+  EXPECT_FALSE(kept.Exists("/house/A.txt"));
+  EXPECT_THROW(kept.Read("/house/A.txt"), platform::Fault);
+  EXPECT_THROW(kept.Remove("/house/A.txt"), platform::Fault);
+  const std::vector<std::string> names = kept.List("/house");
+  EXPECT_EQ(std::count(names.begin(), names.end(), "A.txt"), 0);
+  EXPECT_EQ(std::count(names.begin(), names.end(), "C.txt"), 1);
+  kept.MakeFolder("/made");
+  EXPECT_TRUE(kept.FolderExists("/made"));
+  EXPECT_EQ(files.ChangeCount(), changes);
+  EXPECT_EQ(files.Read("/house/A.txt"), "old");
+}
+
+TEST_F(ReadOnly, AFirstReadOfASettingStaysInMemory) {
+  UnchangedSettings kept(platform::SettingsMap{{"WxEL", "7"}});
+  EXPECT_EQ(kept.Get("wxel"), "7");
+  kept.Set("WXEL", "9");
+  EXPECT_EQ(kept.Get("WxEL"), "9");
+  EXPECT_EQ(kept.Get("other"), "");
+}
+
+}  // namespace
+}  // namespace kestrava::cli
