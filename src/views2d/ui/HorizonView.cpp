@@ -1,12 +1,10 @@
 #include "HorizonView.h"
 
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QToolTip>
 #include <QVBoxLayout>
 
 #include "platform/Messages.h"
-#include "platform/Speech.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/Widgets.h"
 #include "views2d/ui/HorizonView.h"
@@ -138,12 +136,6 @@ bool HorizonView::eventFilter(QObject* watched, QEvent* event) {
 void HorizonView::ShowTip(const QHelpEvent& event) {
   const QPointF at = canvas_->ToSurface(event.pos());
   QToolTip::showText(event.globalPos(), platform::qt::ToQt(behaviour_->WhatLiesAt(at.x(), at.y())), canvas_);
-}
-
-/// Escape has no other use here: it lets a long row of announcements end.
-void HorizonView::keyPressEvent(QKeyEvent* event) {
-  if (event->key() != Qt::Key_Escape) return StationWindow::keyPressEvent(event);
-  platform::RunUntrapped("The end of speaking", [] { platform::StopSpeaking(); });
 }
 
 void HorizonView::OnUnload() {

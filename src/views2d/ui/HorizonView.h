@@ -34,7 +34,6 @@ class HorizonView : public platform::qt::StationWindow, public HorizonWindowView
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BuildUi();
