@@ -1,6 +1,6 @@
 # Everything that is not ours. A new line here needs its reason in ARCHITECTURE.md.
 
-find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg)
+find_package(Qt6 6.4 REQUIRED COMPONENTS Core Gui Widgets Svg PrintSupport)
 find_package(PkgConfig REQUIRED)
 pkg_check_modules(ERFA REQUIRED IMPORTED_TARGET GLOBAL erfa)
 pkg_check_modules(ESPEAK REQUIRED IMPORTED_TARGET GLOBAL espeak-ng)

@@ -4,12 +4,13 @@
 set(KESTRAVA_FLOORS
   "platform       :"
   "platform/linux : platform PkgConfig::ESPEAK PkgConfig::PULSE"
-  "platform/qt    : platform Qt6::Widgets Qt6::Svg"
+  "platform/qt    : platform Qt6::Widgets Qt6::Svg Qt6::PrintSupport"
   "orbit          : platform PkgConfig::ERFA"
   "store          : platform orbit"
   "station        : platform orbit store"
   "predict        : platform orbit store station"
   "cli            : platform orbit store station predict CLI11::CLI11 nlohmann_json::nlohmann_json"
+  "predict/ui     : platform platform/qt orbit store station predict Qt6::Widgets"
   "views2d        : platform orbit store station predict"
   "views2d/ui     : platform platform/qt orbit store station predict views2d Qt6::Widgets"
   "shell          : platform orbit store station predict"
@@ -17,7 +18,8 @@ set(KESTRAVA_FLOORS
 
 # What the program itself and the test programs may link: everything.
 set(KESTRAVA_APP_USES
-  platform platform/linux platform/qt orbit store station predict cli views2d views2d/ui shell shell/ui Qt6::Widgets)
+  platform platform/linux platform/qt orbit store station predict predict/ui cli views2d views2d/ui shell shell/ui
+  Qt6::Widgets)
 
 # Turns names of the table into link targets: "platform/qt" becomes kestrava::platform_qt, "Qt6::Widgets" stays.
 function(kestrava_link target)

@@ -1,6 +1,9 @@
 #include "RegisterWindows.h"
 
 #include "platform/qt/TextViewer.h"
+#include "predict/PassPrediction.h"
+#include "predict/PassWizard.h"
+#include "predict/ui/PassWindows.h"
 #include "shell/Shutdown.h"
 #include "shell/ui/AboutWindow.h"
 #include "shell/ui/LauncherWindow.h"
@@ -31,6 +34,8 @@ std::vector<std::string> RegisterWindows(platform::Windows& windows, const shell
       {views2d::ui::kWorldViewName, views2d::ui::MakeWorldView},
       {views2d::ui::kHorizonName, views2d::ui::MakeHorizonView},
       {views2d::ui::kTableViewName, views2d::ui::MakeTableView},
+      {predict::kPassWindow, predict::ui::MakePassPredictionWindow},
+      {predict::kWizardWindow, predict::ui::MakePassWizardWindow},
       {kAboutName, Makes<AboutWindow>()},
       {kSystemInformationName, [sources] { return std::make_unique<SystemInformationWindow>(sources); }},
       {platform::qt::TextViewer::kName, Makes<platform::qt::TextViewer>()},

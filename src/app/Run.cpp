@@ -18,6 +18,7 @@
 #include "platform/linux/XdgSettings.h"
 #include "platform/qt/QtDoors.h"
 #include "platform/qt/QtEventLoop.h"
+#include "platform/qt/QtPrinting.h"
 #include "platform/qt/Theme.h"
 #include "predict/PassWizard.h"
 #include "shell/FatalFault.h"
@@ -60,12 +61,14 @@ struct Machine {
   platform::qt::QtMessages messages;
   platform::qt::QtOpener opener;
   platform::qt::QtLocale locale;
+  platform::qt::QtFileChooser fileChooser;
+  platform::qt::QtPrinting printing;
   std::unique_ptr<platform::Windows> windows = platform::MakeWindows();
   platform::ScopedDoors doors{Doors()};
 
   platform::Doors Doors() {
-    return {&clock,    &stopwatch, &locale, &settings, &files,       &eventLoop,
-            &messages, &opener,    &random, &silence,  windows.get()};
+    return {&clock,  &stopwatch, &locale,  &settings,     &files,       &eventLoop, &messages,
+            &opener, &random,    &silence, windows.get(), &fileChooser, &printing};
   }
   ~Machine() { windows.reset(); }
 };

@@ -52,6 +52,12 @@ SpeechEngine& TheSpeech() {
 Windows& TheWindows() {
   return Given(TheDoors().windows, "windows");
 }
+FileChooser& TheFileChooser() {
+  return Given(TheDoors().fileChooser, "file chooser");
+}
+Printing& ThePrinting() {
+  return Given(TheDoors().printing, "printing");
+}
 
 ScopedDoors::ScopedDoors(const Doors& doors) : earlier_(TheDoors()) {
   TheDoors() = doors;

@@ -3,7 +3,10 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QComboBox>
 #include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QSlider>
@@ -73,11 +76,12 @@ void Robot::Act() {
     Deed deed;
   };
   static constexpr Weighted kDeeds[] = {
-      {30, &Robot::LetTimePass},      {1, &Robot::LetHoursPass},         {12, &Robot::ClickAButton},
-      {12, &Robot::ChooseAMenuEntry}, {12, &Robot::ClickTheMap},         {10, &Robot::PressAKey},
-      {6, &Robot::MoveASlider},       {6, &Robot::ResizeAWindow},        {2, &Robot::MinimiseAWindow},
-      {4, &Robot::ClickTheTable},     {6, &Robot::ChangeASetting},       {5, &Robot::OpenAWindow},
-      {4, &Robot::CloseAWindow},      {4, &Robot::ComeBackToTheLauncher}};
+      {30, &Robot::LetTimePass},         {1, &Robot::LetHoursPass},    {12, &Robot::ClickAButton},
+      {12, &Robot::ChooseAMenuEntry},    {12, &Robot::ClickTheMap},    {10, &Robot::PressAKey},
+      {6, &Robot::MoveASlider},          {6, &Robot::ResizeAWindow},   {2, &Robot::MinimiseAWindow},
+      {4, &Robot::ClickTheTable},        {8, &Robot::ChooseFromAList}, {3, &Robot::TypeANumber},
+      {6, &Robot::ChangeASetting},       {5, &Robot::OpenAWindow},     {4, &Robot::CloseAWindow},
+      {4, &Robot::ComeBackToTheLauncher}};
   int sum = 0;
   for (const Weighted& each : kDeeds) sum += each.weight;
   int drawn = Below(sum);
@@ -162,6 +166,34 @@ void Robot::ClickTheTable() {
      [=] { QTest::mouseClick(area, button, modifier, at); });
 }
 
+/// An entry of a combo list, or a row of a list box.
+void Robot::ChooseFromAList() {
+  QWidget* window = SomeWindow();
+  const auto combos = UsableIn<QComboBox>(window);
+  const auto boxes = UsableIn<QListWidget>(window);
+  if (!combos.empty() && (boxes.empty() || Below(4) > 0)) {
+    QComboBox* combo = OneOf(combos);
+    if (combo->count() == 0) return;
+    const int entry = Below(combo->count());
+    Do("chooses from " + combo->objectName().toStdString(), [=] {
+      combo->setCurrentIndex(entry);
+      emit combo->activated(entry);
+    });
+  } else if (!boxes.empty()) {
+    QListWidget* box = OneOf(boxes);
+    const int row = Below(box->count() + 1) - 1;
+    Do("selects a row of " + box->objectName().toStdString(), [=] { box->setCurrentRow(row); });
+  }
+}
+
+void Robot::TypeANumber() {
+  const auto fields = UsableIn<QLineEdit>(SomeWindow());
+  if (fields.empty()) return;
+  QLineEdit* field = OneOf(fields);
+  const QString number = QString::number(Below(3));
+  Do("types into " + field->objectName().toStdString(), [=] { field->setText(number); });
+}
+
 void Robot::PressAKey() {
   QWidget* window = SomeWindow();
   if (!window) return;
@@ -173,6 +205,7 @@ void Robot::PressAKey() {
   const Qt::Key key = OneOf(keys);
   const Qt::KeyboardModifier modifier = OneOf(modifiers);
   QWidget* target = window->focusWidget() ? window->focusWidget() : window;
+  if (qobject_cast<QLineEdit*>(target) && key == Qt::Key_A) return;  // days that are no number are a fault by right
   Do("presses a key in " + target->objectName().toStdString(), [=] { QTest::keyClick(target, key, modifier); });
 }
 
@@ -209,7 +242,8 @@ void Robot::ChangeASetting() {
 
 void Robot::OpenAWindow() {
   static const std::vector<const char*> modes{"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
-  static const std::vector<const char*> others{"About", "SystemInformation", "WorldView", "Tabular", "Horizon"};
+  static const std::vector<const char*> others{"About",   "SystemInformation", "WorldView", "Tabular",
+                                               "Horizon", "PassPrediction",    "PassWizard"};
   const char* mode = OneOf(modes);
   const std::string other = OneOf(others);
   const bool quadrant = Below(3) == 0 && station_.Windows().Loaded().size() < 8;

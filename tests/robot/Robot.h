@@ -38,6 +38,8 @@ class Robot {
   void ChooseAMenuEntry();
   void ClickTheMap();
   void ClickTheTable();
+  void ChooseFromAList();
+  void TypeANumber();
   void PressAKey();
   void MoveASlider();
   void ResizeAWindow();

@@ -50,6 +50,12 @@ bool AnsweringMessages::AskYesNo(std::string_view text, std::string_view) {
   return random_() % 2 == 0;
 }
 
+std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::string_view,
+                                                                          const std::filesystem::path&) {
+  if (++asked_ % 2 == 0) return std::nullopt;
+  return "/documents/robot.txt";
+}
+
 RobotStation::RobotStation() {
   for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
     house_.Put(entry.path().filename().string(), BytesOf(entry.path()));
@@ -59,6 +65,9 @@ RobotStation::RobotStation() {
   house_.settings.Set("Longitude", "351.5");
   platform::TheDoors().eventLoop = &loop_;
   platform::TheDoors().messages = &messages_;
+  platform::TheDoors().fileChooser = &fileChooser_;
+  platform::TheDoors().printing = &printing_;
+  house_.files.MakeFolder("/documents");
   app::RegisterWindows(Windows(), Setup(), {});
 }
 

@@ -8,7 +8,9 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/FileChooser.h"
 #include "platform/Messages.h"
+#include "platform/Printing.h"
 
 #include "support/House.h"
 
@@ -32,6 +34,27 @@ class AnsweringMessages : public platform::Messages {
   std::mt19937 random_{7};
 };
 
+/// Cancels every second save dialog, and saves in the others.
+class AnsweringFileChooser : public platform::FileChooser {
+ public:
+  std::optional<std::filesystem::path> ChooseSaveFile(std::string_view title,
+                                                      const std::filesystem::path& suggested) override;
+  std::filesystem::path DocumentsFolder() override { return "/documents"; }
+
+ private:
+  int asked_ = 0;
+};
+
+/// Has a printer at every second try.
+class AnsweringPrinting : public platform::Printing {
+ public:
+  void OpenDialog(const std::string&) override {}
+  bool Print(const platform::PrintDocument&) override { return ++asked_ % 2 == 0; }
+
+ private:
+  int asked_ = 0;
+};
+
 class RobotStation {
  public:
   RobotStation();
@@ -52,6 +75,8 @@ class RobotStation {
   testing::ScriptedHouse house_;
   PumpingLoop loop_{house_.clock};
   AnsweringMessages messages_;
+  AnsweringFileChooser fileChooser_;
+  AnsweringPrinting printing_;
 };
 
 }  // namespace kestrava::robot

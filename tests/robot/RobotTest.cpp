@@ -29,8 +29,13 @@ unsigned SeedToUse() {
 
 /// Messages that a user without a plan may well meet.
 bool IsExpected(const std::string& message) {
-  static const std::vector<std::string> parts{"Copy ALL Keplerian element files", "Keplerian files copied",
-                                              "Floppy Drive A:"};
+  static const std::vector<std::string> parts{
+      "Copy ALL Keplerian element files", "Keplerian files copied", "Floppy Drive A:",
+      // of the pass window and its wizard
+      "You must select either one of the", "Predictions saved as /documents/", "You must select a preset first",
+      "you must select a preset to", "you must choose a job name", "You must fill in the days box",
+      "You havn't chosen any satellites", "First select a Group", "Select a satellite on the list first",
+      "You will loose the information", "Can't file PASS.DAT"};
   for (const std::string& part : parts)
     if (message.find(part) != std::string::npos) return true;
   return false;

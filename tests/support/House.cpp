@@ -21,6 +21,8 @@ platform::Doors ScriptedHouse::AllDoors() {
   doors.random = &random;
   doors.speech = &speech;
   doors.windows = windows.get();
+  doors.fileChooser = &fileChooser;
+  doors.printing = &printing;
   return doors;
 }
 
@@ -39,6 +41,8 @@ ScriptedHouse::~ScriptedHouse() {
   windows.reset();
   eventLoop.RunEvent([] {});  // objects that waited for the end of their event
   messages.CheckAllAsked();
+  fileChooser.CheckAllAsked();
+  printing.CheckAllAsked();
   for (const std::string& fault : faults_) ADD_FAILURE() << "a fault was trapped: " << fault;
   platform::ObserveFaults({});
   platform::AppDir = earlierAppDir_;

@@ -16,6 +16,7 @@
 #include "support/MemorySettings.h"
 #include "support/RecordingSurface.h"
 #include "support/ScriptedClock.h"
+#include "support/ScriptedDialogs.h"
 #include "support/ScriptedMessages.h"
 #include "support/SimulatedEventLoop.h"
 #include "support/SmallDoors.h"
@@ -48,6 +49,8 @@ class ScriptedHouse {
   RecordingOpener opener;
   FixedRandom random;
   RecordingSpeech speech;
+  ScriptedFileChooser fileChooser;
+  ScriptedPrinting printing;
   std::unique_ptr<platform::Windows> windows = platform::MakeWindows();
 
  private:

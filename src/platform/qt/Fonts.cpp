@@ -36,9 +36,16 @@ QString InterfaceFamily() {
   return family;
 }
 
+QString FixedPitchFamily() {
+  static const QString family = FirstInstalled({"Lucida Console", "DejaVu Sans Mono", "Liberation Mono",
+                                                QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
+  return family;
+}
+
 QString FamilyByName(std::string_view name) {
   if (EqualsIgnoringCase(name, "Small fonts")) return SmallFamily();
   if (EqualsIgnoringCase(name, "Arial")) return GrotesqueFamily();
+  if (EqualsIgnoringCase(name, "Lucida Console")) return FixedPitchFamily();
   return InterfaceFamily();
 }
 

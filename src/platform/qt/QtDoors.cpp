@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QDate>
+#include <QDir>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMessageBox>
@@ -100,6 +102,22 @@ bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
     return false;
   }
   return Ask(text, title, '?', QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+std::optional<std::filesystem::path> QtFileChooser::ChooseSaveFile(std::string_view title,
+                                                                   const std::filesystem::path& suggested) {
+  const QtEventLoop::Busy busy;
+  const QString file =
+      QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title), ToQt(suggested.string()),
+                                   QObject::tr("Text files (*.txt)") + ";;" + QObject::tr("All files (*)"));
+  if (file.isEmpty()) return std::nullopt;
+  return std::filesystem::path(FromQt(file));
+}
+
+/// The desktop may name a folder that nobody has made yet.
+std::filesystem::path QtFileChooser::DocumentsFolder() {
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  return FromQt(QFileInfo(documents).isDir() ? documents : QDir::homePath());
 }
 
 bool QtOpener::Open(std::string_view target) {

@@ -63,6 +63,7 @@ class DarkStyle : public QProxyStyle {
                      const QWidget* widget) const override {
     if (element != PE_FrameFocusRect) {
       QProxyStyle::drawPrimitive(element, option, painter, widget);
+      if (element == PE_IndicatorCheckBox) DrawBoxEdge(*option, *painter);
       return;
     }
     painter->save();
@@ -77,6 +78,16 @@ class DarkStyle : public QProxyStyle {
                 QStyleHintReturn* returned) const override {
     if (hint == SH_UnderlineShortcut) return 1;
     return QProxyStyle::styleHint(hint, option, widget, returned);
+  }
+
+ private:
+  /// The style's own edge of a check box is darker than the ground: an empty box would not be seen.
+  static void DrawBoxEdge(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setPen(option.state & State_Enabled ? Tones().faint : Tones().edge);
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
   }
 };
 

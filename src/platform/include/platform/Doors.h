@@ -3,10 +3,12 @@
 
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
+#include "platform/FileChooser.h"
 #include "platform/Files.h"
 #include "platform/MachineLocale.h"
 #include "platform/Messages.h"
 #include "platform/Opener.h"
+#include "platform/Printing.h"
 #include "platform/Random.h"
 #include "platform/Settings.h"
 #include "platform/Speech.h"
@@ -26,6 +28,8 @@ struct Doors {
   Random* random = nullptr;
   SpeechEngine* speech = nullptr;
   Windows* windows = nullptr;
+  FileChooser* fileChooser = nullptr;
+  Printing* printing = nullptr;
 };
 
 /// The doors in use. @throws std::logic_error from the accessors below if a door that is asked for was never put in
@@ -42,6 +46,8 @@ Opener& TheOpener();
 Random& TheRandom();
 SpeechEngine& TheSpeech();
 Windows& TheWindows();
+FileChooser& TheFileChooser();
+Printing& ThePrinting();
 
 /// Puts doors in for as long as it lives, then puts the earlier ones back.
 class ScopedDoors {

@@ -7,8 +7,9 @@
 
 namespace kestrava::platform::qt {
 
-/// The face for a name: "Small fonts" is a narrow face that stays legible when small, "Arial" a plain grotesque.
-/// Unknown names give the interface's face. @param pointSize  at 96 dpi, so 3 points are 4 logical pixels
+/// The face for a name: "Small fonts" is a narrow face that stays legible when small, "Arial" a plain grotesque,
+/// "Lucida Console" a fixed-pitch one. Unknown names give the interface's face.
+/// @param pointSize  at 96 dpi, so 3 points are 4 logical pixels
 QFont FontByName(std::string_view name, int pointSize, bool bold);
 
 /// The same for a picture of which each logical pixel is `scale` device pixels; sized in device pixels.

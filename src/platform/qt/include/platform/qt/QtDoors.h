@@ -1,10 +1,12 @@
-// The doors that the toolkit gives: message boxes, opening of documents and programs, the machine's locale.
+// The doors that the toolkit gives: message boxes, the save dialog, opening of documents and programs, the machine's
+// locale.
 #pragma once
 
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/FileChooser.h"
 #include "platform/MachineLocale.h"
 #include "platform/Messages.h"
 #include "platform/Opener.h"
@@ -21,6 +23,13 @@ class QtMessages : public Messages {
 
  private:
   bool silent_ = false;
+};
+
+class QtFileChooser : public FileChooser {
+ public:
+  std::optional<std::filesystem::path> ChooseSaveFile(std::string_view title,
+                                                      const std::filesystem::path& suggested) override;
+  std::filesystem::path DocumentsFolder() override;
 };
 
 class QtOpener : public Opener {

@@ -1,0 +1,210 @@
+#include "PassPredictionWindow.h"
+
+#include <QHBoxLayout>
+#include <QKeyEvent>
+#include <QVBoxLayout>
+
+#include "platform/Doors.h"
+#include "platform/Messages.h"
+#include "platform/qt/Widgets.h"
+#include "predict/ui/PassWindows.h"
+
+namespace kestrava::predict::ui {
+
+using platform::qt::FromQt;
+using platform::qt::Named;
+using platform::qt::SkinButton;
+using platform::qt::ToQt;
+
+namespace {
+
+constexpr int kWidthPx = 900;
+constexpr int kHeightPx = 600;
+constexpr int kMarginPx = 10;
+constexpr int kGapPx = 8;
+constexpr double kShowEveryMs = 50;
+
+constexpr const char* kPrintTitle = "Kestrava - Satellite Pass Predictions";
+constexpr const char* kNoPrinter =
+    "No printer was found, so nothing was printed. \"Print to File\" in the printer "
+    "dialog makes a PDF.";
+constexpr const char* kWelcome = "Choose a day and a satellite, then Calculate.";
+
+}  // namespace
+
+PassPredictionWindow::PassPredictionWindow(const orbit::Sky& sky) : StationWindow(kPassWindow) {
+  behaviour_ = std::make_unique<PassPrediction>(sky, *this);
+  setWindowTitle(ToQt(kPassCaption));
+  BuildUi();
+  ConnectSignals();
+  behaviour_->Load();
+}
+
+PassPredictionWindow::~PassPredictionWindow() = default;
+
+void PassPredictionWindow::BuildUi() {
+  instant_ = new InstantSection(this);
+  presets_ = new PresetSection(this);
+  results_ = new ResultSection(behaviour_->Table(), this);
+  ShowStatus(kWelcome);
+  auto* above = new QHBoxLayout;
+  above->setSpacing(kGapPx);
+  above->addWidget(instant_, 3);
+  above->addWidget(presets_, 2);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(kMarginPx, kMarginPx, kMarginPx, kMarginPx);
+  column->setSpacing(kGapPx);
+  column->addLayout(above);
+  column->addWidget(results_, 1);
+  BuildFoot(*column);
+  resize(kWidthPx, kHeightPx);
+  UpdateStop();
+  instant_->groupname->setFocus();
+}
+
+void PassPredictionWindow::BuildFoot(QVBoxLayout& column) {
+  min_ = Named(new SkinButton(tr("&Minimise"), this), "BUTmin", tr("Minimise"));
+  exit_ = Named(new SkinButton(tr("E&xit"), this), "BUTexit", tr("Exit"));
+  exit_->setToolTip(tr("Closes the window; the list is lost"));
+  auto* foot = new QHBoxLayout;
+  foot->addStretch(1);
+  foot->addWidget(min_);
+  foot->addWidget(exit_);
+  column.addLayout(foot);
+}
+
+void PassPredictionWindow::ConnectSignals() {
+  connect(instant_->groupname, &QComboBox::activated, this, [this] {
+    presets_->stop->setEnabled(true);  // the reading yields
+    Run("The listing of the group", &PassPrediction::GroupnameClicked);
+  });
+  connect(instant_->satelliteName, &QComboBox::activated, this,
+          [this] { Run("The choice of a satellite", &PassPrediction::SatelliteNameClicked); });
+  for (const auto picked : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {
+    connect(instant_->calendar, picked, this, [this] { Run("The choice of a day", &PassPrediction::CalendarPicked); });
+  }
+  OnClick(instant_->calc, "The prediction", &PassPrediction::CalcClicked);
+  OnClick(results_->sortChron, "The sorting", &PassPrediction::SortChronClicked);
+  OnClick(results_->clearResults, "The clearing of the list", &PassPrediction::ClearResultsClicked);
+  OnClick(results_->saveResults, "The saving of the predictions", &PassPrediction::SaveResultsClicked);
+  OnClick(results_->print, "The print", &PassPrediction::PrintClicked);
+  OnClick(min_, "The minimising", &PassPrediction::MinClicked);
+  OnClick(exit_, "The closing", &PassPrediction::ExitClicked);
+  ConnectPresets();
+}
+
+void PassPredictionWindow::ConnectPresets() {
+  OnClick(presets_->go, "The job", &PassPrediction::PresetGoClicked);
+  OnClick(presets_->add, "The opening of the job wizard", &PassPrediction::PresetAddClicked);
+  OnClick(presets_->edit, "The editing of a job", &PassPrediction::EditJobClicked);
+  OnClick(presets_->remove, "The deletion of a job", &PassPrediction::PresetDeleteClicked);
+  OnClick(presets_->stop, "The stop", &PassPrediction::StopClicked);
+}
+
+void PassPredictionWindow::OnClick(QAbstractButton* button, const char* what, Deed deed) {
+  connect(button, &QAbstractButton::clicked, this, [this, what, deed] { Run(what, deed); });
+}
+
+void PassPredictionWindow::Run(const char* what, Deed deed) {
+  platform::RunUntrapped(what, [&] { (*behaviour_.*deed)(); });
+  UpdateStop();
+}
+
+/// Stop is there only while it has something to stop.
+void PassPredictionWindow::UpdateStop() {
+  presets_->stop->setEnabled(behaviour_->IsWorking());
+}
+
+void PassPredictionWindow::changeEvent(QEvent* event) {
+  StationWindow::changeEvent(event);
+  if (event->type() != QEvent::PaletteChange || !instant_) return;
+  ColourCalendar(*instant_->calendar);
+  ColourDefaultButton(*instant_->calc);
+}
+
+/// Return, where no control has a use of its own for it, calculates; Escape stops what runs.
+void PassPredictionWindow::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && !event->isAutoRepeat()) return instant_->calc->click();
+  if (event->key() == Qt::Key_Escape && behaviour_->IsWorking()) return presets_->stop->click();
+  StationWindow::keyPressEvent(event);
+}
+
+void PassPredictionWindow::OnUnload() {
+  behaviour_->Unload();
+  StationWindow::OnUnload();
+}
+
+CalendarDay PassPredictionWindow::Calendar() const {
+  const QDate day = instant_->calendar->selectedDate();
+  return {static_cast<std::int16_t>(day.day()), static_cast<std::int16_t>(day.month()),
+          static_cast<std::int16_t>(day.year())};
+}
+
+void PassPredictionWindow::SetCalendar(const CalendarDay& today) {
+  instant_->calendar->setSelectedDate(QDate(today.year, today.month, today.day));
+}
+
+/// While a job runs the window is brought up to date now and then, not at each of its thousand calculations.
+bool PassPredictionWindow::IsTooSoon() {
+  const double nowMs = platform::TheStopwatch().ElapsedMs();
+  if (lastShownMs_ >= 0 && nowMs - lastShownMs_ < kShowEveryMs) return true;
+  lastShownMs_ = nowMs;
+  return false;
+}
+
+void PassPredictionWindow::RowsChanged() {
+  const bool lost = behaviour_->Table().RowCount() < results_->passes->ShownRows();
+  if (workShown_ && !lost && IsTooSoon()) return;
+  results_->passes->ShowRows();
+}
+
+void PassPredictionWindow::ShowSorting(int value, int maximum) {
+  UpdateStop();
+  results_->sorting->setRange(0, maximum);
+  results_->sorting->setValue(value);
+}
+
+void PassPredictionWindow::ShowWork(int done, int total) {
+  const bool begins = total > 0 && !workShown_;
+  const bool ends = total == 0;
+  workShown_ = !ends;
+  UpdateStop();
+  if (ends) {
+    presets_->work->reset();
+    results_->passes->ShowRows();
+    return;
+  }
+  if (begins) lastShownMs_ = -1;
+  presets_->work->setRange(0, total);
+  presets_->work->setValue(done);
+}
+
+void PassPredictionWindow::ShowStatus(std::string_view text) {
+  results_->status->setText(ToQt(text));
+}
+
+std::optional<std::filesystem::path> PassPredictionWindow::ChooseSaveFile(std::string_view title,
+                                                                          std::string_view fileName) {
+  return platform::TheFileChooser().ChooseSaveFile(title, CurrentFolder() / fileName);
+}
+
+std::filesystem::path PassPredictionWindow::CurrentFolder() const {
+  return platform::TheFileChooser().DocumentsFolder();
+}
+
+void PassPredictionWindow::OpenPrinterDialog() {
+  platform::ThePrinting().OpenDialog(kPrintTitle);
+}
+
+void PassPredictionWindow::Print(const PrintedText& document, std::string_view font) {
+  platform::PrintDocument printed{kPrintTitle, std::string(font), {}};
+  for (const PrintedPiece& line : document.Lines()) printed.lines.push_back({line.text, line.bold, line.colour});
+  if (!platform::ThePrinting().Print(printed)) ShowStatus(kNoPrinter);
+}
+
+std::unique_ptr<platform::Window> MakePassPredictionWindow() {
+  return std::make_unique<PassPredictionWindow>(orbit::TheSky());
+}
+
+}  // namespace kestrava::predict::ui
