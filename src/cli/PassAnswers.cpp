@@ -175,7 +175,7 @@ void WritePasses(Station& station, const Request& request, const Search& search,
   }
 }
 
-/// The satellites of a job that the engine knows, each once, in the order of the file.
+/// The satellites of a job that the engine knows, in the order of the file and as they are written there.
 std::vector<std::string> SatellitesOf(Station& station, const predict::PassJob& job) {
   std::vector<std::string> satellites;
   for (int row = 1; row <= std::min<int>(job.satelliteCount, predict::kJobRows); ++row) {
@@ -240,6 +240,7 @@ void AnswerJob(Station& station, const Request& request, std::ostream& out) {
   if (request.format == Format::kText) {
     WriteWindowRows(station, request, search, firstDay, days, out);
   } else {
+    search.satellites = station.Resolve(search.satellites);  // one that stands there twice has its passes once
     WritePasses(station, request, search, out);
   }
 }

@@ -84,6 +84,13 @@ TEST_F(Job, AJobOfNoDaysFindsNothing) {
   EXPECT_EQ(Run({"job", "None", "--format", "json"}).code, 1);
 }
 
+TEST_F(Job, ASatelliteThatStandsThereTwiceHasItsRowsTwiceAndItsPassesOnce) {
+  Put("pass.dat", "Twice\r\nISS (ZARYA);\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
+  EXPECT_EQ(Run({"job", "Twice"}).Lines(), WindowRows({"ISS (ZARYA)", "ISS (ZARYA)"}, 15, 1));
+  EXPECT_EQ(Run({"job", "Twice", "--format", "json"}).OutAsJson()["passes"].size() + 1,
+            WindowRows({"ISS (ZARYA)"}, 15, 1).size());
+}
+
 TEST_F(Job, ACommandWordMayBeAName) {
   Put("pass.dat", "next\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
   EXPECT_EQ(Run({"job", "next"}).code, 0) << Run({"job", "next"}).err;
