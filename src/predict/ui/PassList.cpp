@@ -14,7 +14,7 @@ namespace kestrava::predict::ui {
 namespace {
 
 constexpr int kRowMarginPx = 8;
-constexpr int kCellMarginPx = 18;
+constexpr int kCellMarginPx = 16;
 constexpr int kHeadMarginPx = 10;
 
 constexpr const char* kEmpty = "The passes of a satellite stand here when they have been worked out.";
