@@ -1,6 +1,7 @@
 // Documents on paper: what is laid out is written to a PDF file, whose text and pages an independent reader gives back.
 #include <QImage>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <QPrinterInfo>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -135,6 +136,17 @@ TEST_F(Printing, TheHeadingIsBlueAndTheRestBlackOnWhite) {
 TEST_F(Printing, AnEmptyDocumentIsOneEmptyPage) {
   PrintOn(QPageSize::A4, {"Empty", "Lucida Console", {}});
   EXPECT_EQ(PagesOfText().size(), 1);
+}
+
+TEST_F(Printing, ThePrintersOwnFileComesOutTheSame) {
+  {
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setOutputFileName(Pdf());
+    printer.setPageSize(QPageSize(QPageSize::A4));
+    PrintLines(Passes(60), printer);
+  }
+  EXPECT_GT(Page().width(), Page().height());
+  EXPECT_EQ(PagesOfText().join("").count("ISS (ZARYA)"), 60);
 }
 
 TEST_F(Printing, WithoutAnyPrinterNothingIsWritten) {

@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Text.h"
 #include "platform/qt/Fonts.h"
@@ -43,6 +44,12 @@ int LongestLine(const PrintDocument& document) {
 double WidthPx(int characters, const PrintDocument& document, double points, QPagedPaintDevice& device) {
   const QFont font = PrintFont(document.font, points, false);
   return characters * QFontMetricsF(font, &device).horizontalAdvance('0');
+}
+
+/// Without a printer the dialog can only make a file: it gets a name for it, which it would else leave to the user.
+void SuggestFile(QPrinter& printer) {
+  if (!QPrinterInfo::availablePrinterNames().isEmpty()) return;
+  printer.setOutputFileName(ToQt((TheFileChooser().DocumentsFolder() / "Kestrava.pdf").string()));
 }
 
 /// Turns the paper if need be. @return the size of the face in points with which every line fits
@@ -88,6 +95,7 @@ void QtPrinting::OpenDialog(const std::string& title) {
   chosen_.reset();
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
   printer->setDocName(ToQt(title));
+  SuggestFile(*printer);
   QPrintDialog dialog(printer.get(), QApplication::activeWindow());
   dialog.setObjectName("PrintDialog");
   if (dialog.exec() == QDialog::Accepted) chosen_ = std::move(printer);
