@@ -41,6 +41,15 @@ bool IsExpected(const std::string& message) {
   return false;
 }
 
+/// A prediction for a prompt instead of a satellite is logged, and is the user's own doing.
+std::vector<std::string> UnexpectedFaults(RobotStation& station) {
+  std::vector<std::string> faults = station.TakeFaults();
+  std::erase_if(faults, [](const std::string& fault) {
+    return fault.find("No element set for \"Select ") == 0 && fault.ends_with(" - PassPred-CalcResults");
+  });
+  return faults;
+}
+
 TEST(RobotUser, MeetsNoFaultAndNoUnexpectedMessage) {
   const unsigned seed = SeedToUse();
   SCOPED_TRACE("seed " + std::to_string(seed));
@@ -54,7 +63,7 @@ TEST(RobotUser, MeetsNoFaultAndNoUnexpectedMessage) {
   while (station.House().clock.ElapsedMs() < end && station.Windows().Find("frmLAUNCHER")) {
     robot.Act();
     ++deeds;
-    for (const std::string& fault : station.TakeFaults())
+    for (const std::string& fault : UnexpectedFaults(station))
       ADD_FAILURE() << "deed " << deeds << ", the robot " << robot.LastDeed() << ": " << fault;
     if (::testing::Test::HasFailure()) break;
   }
@@ -92,7 +101,7 @@ TEST(RobotUser, ClosingTheLauncherInTheMidstOfAnythingEndsTheRunInOrder) {
     station.Loop().Advance(61);
     if (station.Windows().Find("frmLAUNCHER")) station.Close();
     EXPECT_TRUE(station.Windows().Loaded().empty());
-    for (const std::string& fault : station.TakeFaults()) ADD_FAILURE() << robot.LastDeed() << ": " << fault;
+    for (const std::string& fault : UnexpectedFaults(station)) ADD_FAILURE() << robot.LastDeed() << ": " << fault;
   }
 }
 
