@@ -81,7 +81,7 @@ class ProgramEndBySignal : public ProgramEnd, public ::testing::WithParamInterfa
 
 TEST_P(ProgramEndBySignal, IsTheEndInOrder) {
   FillFolder();
-  OpenWatch opened(data_);
+  FolderWatch opened(data_);
   Program program(home_, OnFolder());
   ASSERT_TRUE(opened.WaitFor(kLastFileOfALauncher));
   program.Send(GetParam());
@@ -92,7 +92,7 @@ TEST_P(ProgramEndBySignal, IsTheEndInOrder) {
 
 TEST_P(ProgramEndBySignal, ComesAlsoBeforeTheLauncherStands) {
   FillFolder();
-  OpenWatch opened(data_);
+  FolderWatch opened(data_);
   Program program(home_, OnFolder());
   ASSERT_TRUE(opened.WaitForMany(3));
   program.Send(GetParam());
@@ -117,7 +117,7 @@ TEST_F(ProgramEnd, BySignalWhileTheMapPaintsLeavesEverythingWhole) {
 
 TEST_F(ProgramEnd, ASecondSignalEndsItAtOnce) {
   FillFolder();
-  OpenWatch opened(data_);
+  FolderWatch opened(data_);
   Program program(home_, OnFolder());
   ASSERT_TRUE(opened.WaitFor(kLastFileOfALauncher));
   program.Pause();
@@ -132,7 +132,7 @@ TEST_F(ProgramEnd, AKillInTheMiddleOfAFirstStartIsMendedByTheNextOne) {
   const int files = static_cast<int>(NamesIn(kShipped).size());
   for (int opened = 1; opened <= files; opened += files / 4) {
     {
-      OpenWatch shipped(kShipped);
+      FolderWatch shipped(kShipped);
       Program program(home_, OnFolder());
       ASSERT_TRUE(shipped.WaitForMany(opened)) << opened;
       program.Send(SIGKILL);
@@ -148,7 +148,7 @@ TEST_F(ProgramEnd, AKillInTheMiddleOfALaterStartDamagesNothing) {
   FillFolder();
   for (int opened = 1; opened <= 26; opened += 5) {
     {
-      OpenWatch own(data_);
+      FolderWatch own(data_);
       Program program(home_, OnFolder());
       ASSERT_TRUE(own.WaitForMany(opened)) << opened;
       program.Send(SIGKILL);

@@ -3,6 +3,7 @@
 #include <array>
 #include <csignal>
 #include <cstddef>
+#include <cstdint>
 #include <cstdlib>
 #include <stdexcept>
 
@@ -36,15 +37,17 @@ constexpr int kPatienceMs = 60000;
 
 }  // namespace
 
-OpenWatch::OpenWatch(const std::filesystem::path& folder) : descriptor_(::inotify_init1(IN_CLOEXEC)) {
-  if (::inotify_add_watch(descriptor_, folder.c_str(), IN_OPEN) < 0) throw std::runtime_error("no watch of a folder");
+FolderWatch::FolderWatch(const std::filesystem::path& folder, FileEvent awaited)
+    : descriptor_(::inotify_init1(IN_CLOEXEC)) {
+  const std::uint32_t mask = awaited == FileEvent::kOpened ? IN_OPEN : IN_DELETE;
+  if (::inotify_add_watch(descriptor_, folder.c_str(), mask) < 0) throw std::runtime_error("no watch of a folder");
 }
 
-OpenWatch::~OpenWatch() {
+FolderWatch::~FolderWatch() {
   ::close(descriptor_);
 }
 
-std::vector<std::string> OpenWatch::Next() {
+std::vector<std::string> FolderWatch::Next() {
   pollfd wanted{descriptor_, POLLIN, 0};
   if (::poll(&wanted, 1, kPatienceMs) <= 0) return {};
   alignas(inotify_event) std::array<char, 16384> block;
@@ -58,17 +61,17 @@ std::vector<std::string> OpenWatch::Next() {
   return names;
 }
 
-bool OpenWatch::WaitFor(const std::string& name) {
+bool FolderWatch::WaitFor(const std::string& name) {
   while (true) {
     const std::vector<std::string> names = Next();
     if (names.empty()) return false;
-    for (const std::string& opened : names) {
-      if (opened == name) return true;
+    for (const std::string& seen : names) {
+      if (seen == name) return true;
     }
   }
 }
 
-bool OpenWatch::WaitForMany(int count) {
+bool FolderWatch::WaitForMany(int count) {
   while (count > 0) {
     const std::vector<std::string> names = Next();
     if (names.empty()) return false;

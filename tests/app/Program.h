@@ -1,5 +1,5 @@
 // The real program, started on a screen that nobody sees with folders of its own, and what can be seen of it from
-// outside: which files it opens, what it says, how it ends.
+// outside: which files it opens and removes, what it says, how it ends.
 #pragma once
 
 #include <filesystem>
@@ -10,21 +10,23 @@
 
 namespace kestrava::app {
 
-/// Waits for files of one folder to be opened.
-class OpenWatch {
- public:
-  explicit OpenWatch(const std::filesystem::path& folder);
-  ~OpenWatch();
-  OpenWatch(const OpenWatch&) = delete;
-  OpenWatch& operator=(const OpenWatch&) = delete;
+enum class FileEvent { kOpened, kRemoved };
 
-  /// Waits until a file of that name is opened. @return false if that does not happen
+/// Waits for files of one folder to be opened, or removed.
+class FolderWatch {
+ public:
+  explicit FolderWatch(const std::filesystem::path& folder, FileEvent awaited = FileEvent::kOpened);
+  ~FolderWatch();
+  FolderWatch(const FolderWatch&) = delete;
+  FolderWatch& operator=(const FolderWatch&) = delete;
+
+  /// Waits until it happens to a file of that name. @return false if it does not
   bool WaitFor(const std::string& name);
-  /// Waits until so many files have been opened from now on. @return false if that does not happen
+  /// Waits until it has happened so many times from now on. @return false if it does not
   bool WaitForMany(int count);
 
  private:
-  /// Waits for the next files to be opened. @return their names; none if nothing is opened any more
+  /// Waits for the next files. @return their names; none if nothing happens any more
   std::vector<std::string> Next();
 
   int descriptor_;
