@@ -71,6 +71,40 @@ TEST_F(ThemeTests, TheSkinsAccentsAreItsNumbers) {
   EXPECT_EQ(Tones().faint.rgb(), ToRgb(0x808080));
 }
 
+TEST_F(ThemeTests, AMenuHasAnEdgeAndASeparatorThatCanBeSeen) {
+  ApplyTheme(true);
+  QMenu menu;
+  menu.addAction("Copy");
+  const QAction* separator = menu.addSeparator();
+  menu.addAction("Select All");
+  menu.resize(menu.sizeHint());
+  const QImage picture = menu.grab().toImage().scaled(menu.size());
+  const QPoint middle = menu.actionGeometry(const_cast<QAction*>(separator)).center();
+  EXPECT_EQ(picture.pixelColor(middle).name(), Tones().raised.name());
+  EXPECT_EQ(picture.pixelColor(0, menu.height() / 2).name(), Tones().edge.name());
+  EXPECT_EQ(picture.pixelColor(menu.width() - 1, menu.height() / 2).name(), Tones().edge.name());
+  EXPECT_EQ(picture.pixelColor(menu.width() / 2, 0).name(), Tones().edge.name());
+  EXPECT_EQ(picture.pixelColor(menu.width() / 2, menu.height() - 1).name(), Tones().edge.name());
+}
+
+TEST_F(ThemeTests, AMenuEntryThatCannotBeChosenIsWrittenOnce) {
+  ApplyTheme(true);
+  QMenu menu;
+  menu.addAction("Locations")->setEnabled(false);
+  menu.resize(menu.sizeHint());
+  const QImage picture = menu.grab().toImage();
+  const QRect inside = picture.rect().adjusted(2, 2, -2, -2);
+  int written = 0;
+  for (int y = inside.top(); y <= inside.bottom(); ++y) {
+    for (int x = inside.left(); x <= inside.right(); ++x) {
+      const QColor pixel = picture.pixelColor(x, y);
+      if (pixel.red() > Tones().edge.red()) ++written;
+      EXPECT_LT(pixel.blue() - pixel.red(), 16) << x << ',' << y;  // the shadow's tone is bluer than ground and text
+    }
+  }
+  EXPECT_GT(written, 50);
+}
+
 TEST_F(ThemeTests, InkOnAnyBackColourIsLegible) {
   for (int red = 0; red < 256; red += 15) {
     for (int green = 0; green < 256; green += 15) {

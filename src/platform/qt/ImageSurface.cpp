@@ -75,7 +75,8 @@ void ImageSurface::Allocate(int width, int height, double scale) {
 QImage ImageSurface::Canvas() {
   if (pixels_.empty()) return {};
   const PixelView view = View();
-  QImage canvas(reinterpret_cast<uchar*>(view.bits), view.width, view.height, view.width * 4, QImage::Format_RGB32);
+  QImage canvas(reinterpret_cast<uchar*>(view.bits), view.width, view.height, qsizetype{view.width} * 4,
+                QImage::Format_RGB32);
   canvas.setDevicePixelRatio(scale_);
   return canvas;
 }
@@ -181,8 +182,9 @@ void ImageSurface::DrawPoint(double x, double y) {
   y_ = y;
   if (!Marks()) return;
   const int side = std::max(1, Device(lineWidth_));
-  const int left = Device(x - lineWidth_ / 2);
-  const int top = Device(y - lineWidth_ / 2);
+  const int half = lineWidth_ / 2;  // of an odd width the smaller half: it stands around its pixel
+  const int left = Device(x - half);
+  const int top = Device(y - half);
   FillRect(View(), {left, top, left + side, top + side}, pen_);
   Touch();
 }

@@ -21,6 +21,7 @@ struct PlainLook {
 };
 
 constexpr double kLegibleContrast = 4.5;
+constexpr int kSeparatorGapPx = 6;
 
 struct RolePair {
   QPalette::ColorRole text;
@@ -54,29 +55,39 @@ bool& SkinFlag() {
   return on;
 }
 
-/// Fusion with a focus frame that can be seen on dark ground.
+/// Fusion with a focus frame, menu edges and menu separators that can be seen on dark ground.
 class DarkStyle : public QProxyStyle {
  public:
   DarkStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
 
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
-    if (element != PE_FrameFocusRect) {
+    if (element == PE_FrameFocusRect) {
+      DrawFocusFrame(option->rect, *painter);
+    } else if (element == PE_FrameMenu) {
+      DrawMenuEdge(option->rect, *painter);
+    } else {
       QProxyStyle::drawPrimitive(element, option, painter, widget);
       if (element == PE_IndicatorCheckBox) DrawBoxEdge(*option, *painter);
-      return;
     }
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    painter->setPen(QPen(Tones().accent, 1.4));
-    painter->setBrush(Qt::NoBrush);
-    painter->drawRoundedRect(QRectF(option->rect).adjusted(0.7, 0.7, -0.7, -0.7), 2.5, 2.5);
-    painter->restore();
+  }
+
+  void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                   const QWidget* widget) const override {
+    const auto* item = element == CE_MenuItem ? qstyleoption_cast<const QStyleOptionMenuItem*>(option) : nullptr;
+    if (item && item->menuItemType == QStyleOptionMenuItem::Separator && item->text.isEmpty()) {
+      painter->fillRect(QRect(item->rect.left() + kSeparatorGapPx, item->rect.center().y(),
+                              item->rect.width() - 2 * kSeparatorGapPx, 1),
+                        Tones().raised);
+    } else {
+      QProxyStyle::drawControl(element, option, painter, widget);
+    }
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                 QStyleHintReturn* returned) const override {
     if (hint == SH_UnderlineShortcut) return 1;
+    if (hint == SH_EtchDisabledText) return 0;  // its bright shadow makes a faint text look doubled here
     return QProxyStyle::styleHint(hint, option, widget, returned);
   }
 
@@ -88,6 +99,24 @@ class DarkStyle : public QProxyStyle {
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter.restore();
+  }
+
+  static void DrawFocusFrame(const QRect& place, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Tones().accent, 1.4));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(place).adjusted(0.7, 0.7, -0.7, -0.7), 2.5, 2.5);
+    painter.restore();
+  }
+
+  /// Filled strips, which meet the device's pixels at every scale.
+  static void DrawMenuEdge(const QRect& place, QPainter& painter) {
+    const QColor edge = Tones().edge;
+    painter.fillRect(QRect(place.left(), place.top(), place.width(), 1), edge);
+    painter.fillRect(QRect(place.left(), place.bottom(), place.width(), 1), edge);
+    painter.fillRect(QRect(place.left(), place.top(), 1, place.height()), edge);
+    painter.fillRect(QRect(place.right(), place.top(), 1, place.height()), edge);
   }
 };
 

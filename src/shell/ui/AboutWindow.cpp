@@ -29,9 +29,8 @@ constexpr auto kDescription =
     "they next rise over your place.";
 constexpr auto kEngineCredit =
     "Orbits by the published SGP4 and SDP4 models of F. R. Hoots and R. L. Roehrich (1980), in the form revised by "
-    "D. A. Vallado, P. Crawford, R. Hujsak and T. S. Kelso (2006). Sun and Moon with the help of ERFA, the free "
-    "library "
-    "of fundamental astronomy.";
+    "D. A. Vallado, P. Crawford, R. Hujsak and T. S. Kelso (2006). "
+    "Sun and Moon with the help of ERFA, the free library of fundamental astronomy.";
 
 QLabel* Paragraph(const QString& text, const QString& objectName) {
   auto* label = Named(new QLabel(text), objectName);
@@ -66,7 +65,7 @@ void AboutWindow::BuildUi() {
 
 void AboutWindow::BuildTexts(QVBoxLayout& column) {
   auto* title = Named(new QLabel(ToQt(platform::kProgramTitle)), "lblTitle");
-  title->setFont(FontByName("Arial", 18, true));
+  title->setFont(FontByName("Interface", 18, true));
   column.addWidget(title);
   column.addWidget(Named(new QLabel(ToQt("Version " + platform::LongVersion())), "lblVersion"));
   column.addSpacing(6);
