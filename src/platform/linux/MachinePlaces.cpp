@@ -109,7 +109,7 @@ std::optional<ZonePlace> MachinePlace(const fs::path& zoneFolder) {
   const std::string zone = MachineTimeZone();
   for (const char* name : {"zone1970.tab", "zone.tab"}) {  // the second also knows zones that are links today
     try {
-      const auto place = PlaceOfZone(zone, ReadAll(OpenFile(zoneFolder / name, O_RDONLY).Get()));
+      auto place = PlaceOfZone(zone, ReadAll(OpenFile(zoneFolder / name, O_RDONLY).Get()));
       if (place) return place;
     } catch (const Fault&) {
       // a machine without the table: the next one

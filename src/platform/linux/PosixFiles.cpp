@@ -1,6 +1,7 @@
 #include "platform/linux/PosixFiles.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <charconv>
 #include <cmath>
@@ -50,10 +51,10 @@ fs::path MatchIn(const fs::path& folder, const fs::path& name) {
 
 /// Where a file's bytes really lie: a link is written through, never replaced.
 fs::path TargetOf(const fs::path& file) {
-  const fs::path found = ResolveIgnoringCase(file);
+  fs::path found = ResolveIgnoringCase(file);
   std::error_code error;
   if (!fs::is_symlink(found, error)) return found;
-  const fs::path target = fs::weakly_canonical(found, error);
+  fs::path target = fs::weakly_canonical(found, error);
   return error ? found : target;
 }
 
@@ -67,8 +68,8 @@ struct stat StatusBits(const fs::path& file) {
 }
 
 void SetTimes(const fs::path& file, const timespec& accessed, const timespec& modified) {
-  const timespec times[2] = {accessed, modified};
-  if (::utimensat(AT_FDCWD, file.c_str(), times, 0) != 0) throw FaultOfError(errno);
+  const std::array<timespec, 2> times{accessed, modified};
+  if (::utimensat(AT_FDCWD, file.c_str(), times.data(), 0) != 0) throw FaultOfError(errno);
 }
 
 /// The mount table writes a blank as "\040" and the like.
@@ -190,8 +191,8 @@ void PosixFiles::SetModifiedUtc(const Path& file, SerialDate utc) {
   // Built from its parts: a date before day zero counts its fraction the other way.
   const DateParts parts = SplitSerial(utc);
   const double days = MakeSerial({parts.year, parts.month, parts.day, 0, 0, 0}) - kUnixEpoch;
-  const timespec modified{
-      static_cast<std::time_t>(days * kSecondsPerDay) + parts.hour * 3600 + parts.minute * 60 + parts.second, 0};
+  const auto midnight = static_cast<std::time_t>(days * kSecondsPerDay);
+  const timespec modified{midnight + std::time_t{parts.hour} * 3600 + std::time_t{parts.minute} * 60 + parts.second, 0};
   SetTimes(ResolveIgnoringCase(file), {0, UTIME_OMIT}, modified);
 }
 

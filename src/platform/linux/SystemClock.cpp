@@ -12,7 +12,7 @@ constexpr SerialDate kUnixEpoch = 25569;  // 1 January 1970
 }  // namespace
 
 ClockReading ReadingOf(long long unixSeconds, long nanoseconds) {
-  const std::time_t moment = static_cast<std::time_t>(unixSeconds);
+  const auto moment = static_cast<std::time_t>(unixSeconds);
   std::tm local{};
   const long long offset = ::localtime_r(&moment, &local) ? local.tm_gmtoff : 0;
   const auto serial = [&](long long seconds) {

@@ -6,6 +6,7 @@
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "platform/Settings.h"
@@ -27,11 +28,10 @@ struct RolePair {
   QPalette::ColorRole text;
   QPalette::ColorRole ground;
 };
-constexpr RolePair kTextOnGround[] = {{QPalette::WindowText, QPalette::Window},
-                                      {QPalette::Text, QPalette::Base},
-                                      {QPalette::ButtonText, QPalette::Button},
-                                      {QPalette::HighlightedText, QPalette::Highlight},
-                                      {QPalette::ToolTipText, QPalette::ToolTipBase}};
+constexpr std::array kTextOnGround{
+    RolePair{QPalette::WindowText, QPalette::Window}, RolePair{QPalette::Text, QPalette::Base},
+    RolePair{QPalette::ButtonText, QPalette::Button}, RolePair{QPalette::HighlightedText, QPalette::Highlight},
+    RolePair{QPalette::ToolTipText, QPalette::ToolTipBase}};
 
 /// A desktop's palette with texts that would be hard to read in black or white instead.
 QPalette MadeLegible(QPalette palette) {
@@ -82,6 +82,10 @@ class DarkStyle : public QProxyStyle {
     } else {
       QProxyStyle::drawControl(element, option, painter, widget);
     }
+  }
+
+  int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+    return metric == PM_MenuPanelWidth ? 1 : QProxyStyle::pixelMetric(metric, option, widget);
   }
 
   int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

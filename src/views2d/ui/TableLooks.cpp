@@ -95,7 +95,8 @@ void TableHeads::paintSection(QPainter* painter, const QRect& box, int column) c
     const int captionPx = fontMetrics().horizontalAdvance(Caption(column));
     const int left =
         right ? inner.right() - captionPx - kArrowGapPx - kArrowWidthPx : inner.left() + captionPx + kArrowGapPx;
-    const QRectF place(left, inner.center().y() - kArrowHeightPx / 2, kArrowWidthPx, kArrowHeightPx);
+    const int top = inner.center().y() - kArrowHeightPx / 2;  // on whole pixels, its middle row on the head's
+    const QRectF place(left, top, kArrowWidthPx, kArrowHeightPx);
     painter->setRenderHint(QPainter::Antialiasing);
     painter->fillPath(Arrow(place, sortIndicatorOrder() == Qt::AscendingOrder), Tones().accent);
   }

@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 
 #include "platform/Messages.h"
 #include "platform/Speech.h"
@@ -28,13 +29,13 @@ struct StripEntry {
   const char* objectName;
   const char* caption;
 };
-constexpr StripEntry kStrip[] = {
-    {TableLabel::kLocation, "Slocation", "Location"},
-    {TableLabel::kLat, "Slat", "Latitude"},
-    {TableLabel::kLong, "Slong", "Longitude"},
-    {TableLabel::kHeight, "Sheight", "Height"},
-    {TableLabel::kLocalTime, "Slocaltime", "Local time"},
-    {TableLabel::kGmt, "Sgmt", "UTC"},
+constexpr std::array kStrip{
+    StripEntry{TableLabel::kLocation, "Slocation", "Location"},
+    StripEntry{TableLabel::kLat, "Slat", "Latitude"},
+    StripEntry{TableLabel::kLong, "Slong", "Longitude"},
+    StripEntry{TableLabel::kHeight, "Sheight", "Height"},
+    StripEntry{TableLabel::kLocalTime, "Slocaltime", "Local time"},
+    StripEntry{TableLabel::kGmt, "Sgmt", "UTC"},
 };
 
 }  // namespace
