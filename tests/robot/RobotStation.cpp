@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
@@ -25,11 +26,12 @@ std::string BytesOf(const std::filesystem::path& file) {
   return bytes.str();
 }
 
-shell::LauncherSetup Setup() {
+shell::LauncherSetup Setup(RobotStation::SpeechMaker makeSpeech) {
   shell::LauncherSetup setup;
   setup.dataFolder = kDataFolder;
   setup.makeEngine = [] { return std::make_unique<orbit::OrbitEngine>(); };
-  setup.makeSpeech = [] { return std::make_unique<platform::SilentSpeech>(); };
+  setup.makeSpeech = std::move(makeSpeech);
+  if (!setup.makeSpeech) setup.makeSpeech = [] { return std::make_unique<platform::SilentSpeech>(); };
   setup.endProcess = [] { throw std::logic_error("the windows refused to close"); };
   return setup;
 }
@@ -56,7 +58,7 @@ std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::s
   return "/documents/robot.txt";
 }
 
-RobotStation::RobotStation() {
+RobotStation::RobotStation(SpeechMaker makeSpeech) {
   for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
     house_.Put(entry.path().filename().string(), BytesOf(entry.path()));
   house_.clock.SetUtc({2026, 11, 15, 18, 0, 0});
@@ -68,7 +70,7 @@ RobotStation::RobotStation() {
   platform::TheDoors().fileChooser = &fileChooser_;
   platform::TheDoors().printing = &printing_;
   house_.files.MakeFolder("/documents");
-  app::RegisterWindows(Windows(), Setup(), {});
+  app::RegisterWindows(Windows(), Setup(std::move(makeSpeech)), {});
 }
 
 RobotStation::~RobotStation() {

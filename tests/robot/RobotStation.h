@@ -2,6 +2,7 @@
 // simulated clock. Messages are answered at random and remembered; faults are remembered.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <random>
 #include <string>
@@ -11,6 +12,7 @@
 #include "platform/FileChooser.h"
 #include "platform/Messages.h"
 #include "platform/Printing.h"
+#include "platform/Speech.h"
 
 #include "support/House.h"
 
@@ -57,7 +59,10 @@ class AnsweringPrinting : public platform::Printing {
 
 class RobotStation {
  public:
-  RobotStation();
+  using SpeechMaker = std::function<std::unique_ptr<platform::SpeechEngine>()>;
+
+  /// @param makeSpeech  the launcher's voice; none: a silent one
+  explicit RobotStation(SpeechMaker makeSpeech = {});
   ~RobotStation();
 
   /// Shows the splash and lets the launcher come up.
