@@ -54,10 +54,10 @@ TEST_F(FirstStartOnDisk, FillsAnEmptyFolderInOneStepWithTheDateOfTheElements) {
 
 TEST_F(FirstStartOnDisk, BringsTheSceneriesOfTheHorizonToANewFolderAlone) {
   const fs::path fresh = home_ / "fresh", old = home_ / "old";
-  EXPECT_TRUE(PrepareFirstStart(shipped_, fresh, {}));
+  EXPECT_TRUE(PrepareFirstStart(shipped_, fresh, {}, folders_));
   fs::create_directory(old);
   fs::copy_file(shipped_ / "groups.dat", old / "groups.dat");  // of a release without sceneries
-  EXPECT_FALSE(PrepareFirstStart(shipped_, old, {}));
+  EXPECT_FALSE(PrepareFirstStart(shipped_, old, {}, folders_));
   for (const char* scenery : {"hdefault.jpg", "hmoonlit.jpg", "hsea.jpg"}) {
     ASSERT_TRUE(fs::exists(fresh / scenery)) << scenery;
     EXPECT_EQ(disk_.Read(fresh / scenery), disk_.Read(shipped_ / scenery)) << scenery;
