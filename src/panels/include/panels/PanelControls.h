@@ -1,0 +1,65 @@
+// What the settings panels need of their controls beside the plain lists of the platform. Setting anything by code is
+// no event of the user; where it runs one all the same, as ticks do, that is said.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/ChoiceControls.h"
+
+namespace kestrava::panels {
+
+/// A list box whose selection can be set. Rows count from 0.
+class SelectListControl : public platform::ListBoxControl {
+ public:
+  virtual void Clear() = 0;
+  /// That is no click: nothing runs by it. -1 selects nothing.
+  virtual void Select(int row) = 0;
+};
+
+/// A list box whose rows have tick boxes, and of which a filter hides rows.
+class TickListControl : public SelectListControl {
+ public:
+  virtual bool IsTicked(int row) const = 0;
+  /// Where the state changes this runs the tick event, as a user's tick does.
+  virtual void SetTicked(int row, bool ticked) = 0;
+  virtual bool IsShown(int row) const = 0;
+  virtual void SetShown(int row, bool shown) = 0;
+};
+
+/// A combo list that is asked for the place of its choice. Clear takes that away.
+class PickListControl : public platform::ComboControl {
+ public:
+  /// -1: none of the entries.
+  virtual int Index() const = 0;
+  /// Chooses an entry. That is no click: nothing runs by it.
+  /// @throws platform::Fault "Subscript out of range"
+  virtual void SetIndex(int index) = 0;
+};
+
+class CheckControl {
+ public:
+  virtual ~CheckControl() = default;
+  virtual bool IsChecked() const = 0;
+  /// That is no click: nothing runs by it.
+  virtual void SetChecked(bool checked) = 0;
+};
+
+/// A slider with the label that tells its value.
+class SliderControl {
+ public:
+  virtual ~SliderControl() = default;
+  virtual int Value() const = 0;
+  /// That is no change of the user's: nothing runs by it.
+  virtual void SetValue(int value) = 0;
+  virtual void SetLabel(std::string_view text) = 0;
+};
+
+/// Whether a row of a list stays in sight: the filter's text occurs in it, whatever the case. Blanks around the filter
+/// do not count, and an empty one shows all.
+bool PassesFilter(std::string_view row, std::string_view filter);
+
+/// Shows the rows of a list that pass a filter and hides the others.
+void FilterRows(TickListControl& list, std::string_view filter);
+
+}  // namespace kestrava::panels
