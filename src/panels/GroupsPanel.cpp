@@ -151,7 +151,9 @@ void GroupsPanel::TickShownRows(bool ticked) {
   TickListControl& list = view_.SatelliteList();
   userTicks_ = true;
   for (int row = 0; row < list.Count(); ++row) {
-    if (list.IsShown(row) && list.IsTicked(row) != ticked) list.SetTicked(row, ticked);
+    if (!list.IsShown(row) || list.IsTicked(row) == ticked) continue;
+    list.SetTicked(row, ticked);
+    if (list.IsTicked(row) != ticked) break;  // it fell back: the table is full, one line in the log will do
   }
   platform::YieldOnce();
   userTicks_ = false;

@@ -256,6 +256,16 @@ TEST_F(GroupsPanelTest, PastTheLastRowATickIsTheBoundsErrorAndFallsBack) {
   EXPECT_EQ(TakeFaults().size(), 1u) << "the flag works on";
 }
 
+TEST_F(GroupsPanelTest, SelectAllEndsWhereTheTableIsFullWithOneLineInTheLog) {
+  FillTo(499);
+  panel.Load();
+  panel.SelectAllClicked();
+  EXPECT_EQ(TakeFaults(), Texts{"Subscript out of range - GroupsCON - Satlist_itemcheck"});
+  EXPECT_EQ(view.satellites.Ticked(), Texts{"AO-07"});
+  EXPECT_EQ(tables.FaveList[500].Name, "AO-07");
+  EXPECT_TRUE(view.warning);
+}
+
 TEST_F(GroupsPanelTest, MakesAFavouriteThePrimaryOneAndSaysSo) {
   Favour({"AO-07", "AO-73"});
   panel.Load();
