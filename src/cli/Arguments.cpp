@@ -13,6 +13,7 @@
 #include "platform/Version.h"
 
 #include "Station.h"
+#include "WindowOptions.h"
 
 namespace kestrava::cli {
 
@@ -224,28 +225,14 @@ class Grammar {
   CLI::App app_{std::string(kAbout), "kestrava"};
 };
 
-/// The first word that is neither an option nor an option's value; empty if there is none. Options with one dash are
-/// the toolkit's, and take a value.
-std::string_view FirstWord(const std::vector<std::string>& arguments) {
-  for (std::size_t i = 0; i < arguments.size(); ++i) {
-    const std::string_view argument = arguments[i];
-    if (argument == "--data" || argument == "--tour") {
-      ++i;
-    } else if (argument.size() > 1 && argument[0] == '-' && argument[1] != '-') {
-      if (!platform::Contains(argument, "=") && argument.size() > 2) ++i;
-    } else if (!platform::BeginsWith(argument, "-")) {
-      return argument;
-    }
-  }
-  return {};
-}
-
 const WordName* WordOf(std::string_view name) {
   const auto found = std::find_if(kWords.begin(), kWords.end(), [&](const WordName& w) { return w.name == name; });
   return found == kWords.end() ? nullptr : &*found;
 }
 
-void RefuseUnknownWord(std::string_view word) {
+void RefuseUnknown(const std::vector<std::string>& arguments) {
+  const std::string_view word = FirstWord(arguments);
+  if (const std::string wrong = WrongWindowOption(arguments); word.empty() && !wrong.empty()) throw WrongUse(wrong);
   if (word.empty() || WordOf(word)) return;
   std::vector<std::string> names;
   for (const WordName& known : kWords) names.emplace_back(known.name);
@@ -260,12 +247,13 @@ bool IsQuestion(std::string_view argument) {
 }  // namespace
 
 bool IsForTerminal(const std::vector<std::string>& arguments) {
-  return std::any_of(arguments.begin(), arguments.end(), IsQuestion) || !FirstWord(arguments).empty();
+  return std::any_of(arguments.begin(), arguments.end(), IsQuestion) || !FirstWord(arguments).empty() ||
+         !WrongWindowOption(arguments).empty();
 }
 
 std::variant<Request, ReadyAnswer> ParseArguments(const std::vector<std::string>& arguments) {
   const bool asksFirst = std::any_of(arguments.begin(), arguments.end(), IsQuestion);
-  if (!asksFirst) RefuseUnknownWord(FirstWord(arguments));
+  if (!asksFirst) RefuseUnknown(arguments);
   Grammar grammar;
   try {
     grammar.App().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

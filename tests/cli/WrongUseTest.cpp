@@ -11,6 +11,13 @@ using WrongUse = Terminal;
 TEST_F(WrongUse, BadValuesEndWithTwoAndSayWhy) {
   const std::vector<std::vector<std::string>> wrong{
       {},
+      {"--nonsense"},
+      {"-nonsense"},
+      {"--data=x", "--colour", "red"},
+      {"--data"},
+      {"--data", "x", "--tour"},
+      {"-"},
+      {""},
       {"pases", "25544"},
       {"passes"},
       {"where"},
@@ -79,6 +86,21 @@ TEST_F(WrongUse, AnUnknownCommandIsToldWithTheNearest) {
   EXPECT_NE(Run({"pases", "25544"}).err.find("Did you mean 'passes'?"), std::string::npos);
 }
 
+TEST_F(WrongUse, AnUnknownOptionIsToldBeforeAnyWindowIsTried) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--nonsense"},
+                                                    {"-x"},
+                                                    {"-"},
+                                                    {"--data"},
+                                                    {"--data", "x", "--tour"},
+                                                    {"-platform", "offscreen", "--nonsense"},
+                                                    {"-reverse", "--nonsense"}}) {
+    EXPECT_TRUE(IsForTerminal(arguments)) << arguments.back();
+  }
+  EXPECT_EQ(Run({"--nonsense"}).err, "kestrava: there is no option '--nonsense'. kestrava --help names them all\n");
+  EXPECT_NE(Run({"--tor"}).err.find("Did you mean '--tour'?"), std::string::npos);
+  EXPECT_EQ(Run({"--data"}).err, "kestrava: --data wants a folder\n");
+}
+
 TEST_F(WrongUse, AnUnknownNameEndsWithOneAndNearNames) {
   const Answer part = Run({"passes", "iss"});
   EXPECT_EQ(part.code, 1);
@@ -134,6 +156,7 @@ TEST_F(WrongUse, WithoutAWordTheWindowsAreMeant) {
   EXPECT_FALSE(IsForTerminal({"--data", "list"}));
   EXPECT_FALSE(IsForTerminal({"--data=x", "--tour", "next"}));
   EXPECT_FALSE(IsForTerminal({"-platform", "offscreen"}));
+  EXPECT_FALSE(IsForTerminal({"--platform", "offscreen", "--style=fusion", "-reverse", "-session", "list"}));
   EXPECT_TRUE(IsForTerminal({"list"}));
   EXPECT_TRUE(IsForTerminal({"--data", "x", "list"}));
   EXPECT_TRUE(IsForTerminal({"pases"}));

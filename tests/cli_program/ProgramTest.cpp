@@ -191,6 +191,20 @@ TEST_F(RealProgram, ExitCodesTellWhatHappened) {
   EXPECT_EQ(Run({"--help"}).how, "code 0");
 }
 
+TEST_F(RealProgram, AnOptionThatMakesNoSenseIsToldWithoutADisplay) {
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"--nonsense"},
+                                                    {"-nonsense"},
+                                                    {"--data"},
+                                                    {"--data", "/nowhere", "--nonsense"},
+                                                    {"-"}}) {
+    const Ended ended = Run(arguments);
+    EXPECT_EQ(ended.how, "code 2") << arguments.back() << ": " << ended.err;
+    EXPECT_EQ(ended.out, "");
+    EXPECT_TRUE(ended.err.starts_with("kestrava: ")) << ended.err;
+    EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
+  }
+}
+
 TEST_F(RealProgram, EachSideOfAChangeOfTheClocksHasItsOwnOffset) {
   const std::vector<std::string> arguments{"passes",   "25544", "--from", "2026-10-31T04:00Z", "--days", "3",
                                            "--format", "csv",   "--at",   "40.7,-74,10"};

@@ -29,8 +29,8 @@ struct Machine {
   std::function<std::optional<store::ZonePlace>()> place;
 };
 
-/// True if these arguments (without the program's own name) ask for an answer in the terminal: a command word, help or
-/// the version. False opens the windows.
+/// True if these arguments (without the program's own name) ask for an answer in the terminal: a command word, help,
+/// the version, or an option that makes no sense. False opens the windows.
 bool IsForTerminal(const std::vector<std::string>& arguments);
 
 /// Answers. Faults, notes and suggestions go to `err`; `out` holds the answer alone.
