@@ -58,6 +58,16 @@ TEST_F(Golden, EveryCommandInEveryFormatIsAsItWas) {
   CompareAll({"where", "ISS (ZARYA)", "38552", "--at", "-33.9,151.2,20"}, "where", data);
   CompareAll({"list", "groups"}, "groups", data);
   CompareAll({"list", "favourites"}, "favourites", data);
+  CompareAll({"list"}, "satellites", data);
+}
+
+TEST_F(Golden, OptionsThatChooseAndPlaceAreAsTheyWere) {
+  CompareAll({"passes", "ISS (ZARYA)", "OSCAR 7 (AO-7)", "--days", "3", "--visible", "--min-elevation", "20"},
+             "passes-visible", {"text", "csv", "json", "ical"});
+  CompareAll({"job", "Morning", "--from", "2026-11-17", "--min-elevation", "30"}, "job-from",
+             {"text", "csv", "json", "ical"});
+  CompareAll({"next", "ISS (ZARYA)", "NOAA 15", "38552", "--at", "-33.9,151.2,20", "--at-time", "2026-11-16T06:00Z"},
+             "next-named", {"text", "csv", "json"});
 }
 
 }  // namespace
