@@ -55,12 +55,12 @@ TEST_F(JobRun, GoesDayByDayEachDaySatelliteBySatellite) {
   EXPECT_EQ(view.group.text, "Select Satellite Group");
 }
 
-TEST_F(JobRun, BeginsAtTheDayOfTheCalendar) {
+TEST_F(JobRun, OfOneDayIsTheDayOfTheCalendarAlone) {
   OpenWith("One\nNOAA 19;\n1\n0\n0\n", "One");
   view.day = {30, 11, 2026};
   Go();
   ASSERT_GT(Passes().Table().RowCount(), 0);
-  for (const PassRow& row : Passes().Table().Rows()) EXPECT_NE(row[kDateCell].find(" NOV 2026"), std::string::npos);
+  for (const PassRow& row : Passes().Table().Rows()) EXPECT_EQ(row[kDateCell], "30 NOV 2026");
 }
 
 TEST_F(JobRun, GoesOverTheEndOfAMonth) {
@@ -84,6 +84,13 @@ TEST_F(JobRun, RowsOfBeforeStay) {
   const int first = Passes().Table().RowCount();
   Go();
   EXPECT_EQ(Passes().Table().RowCount(), 2 * first);
+}
+
+TEST_F(JobRun, OfTheSecondOfOneNameRunsTheFirstOfTheFile) {
+  OpenWith("A\nNOAA 19;\n1\n0\n0\nA\nOSCAR 7 (AO-7);\n1\n0\n0\n", "");
+  view.presets.selected = 1;
+  Go();
+  EXPECT_EQ(SatellitesOfRows(), Names{"NOAA 19"});
 }
 
 TEST_F(JobRun, ThatIsGoneFromTheFileIsSaid) {

@@ -288,6 +288,18 @@ TEST_F(PassWindow, ACancelledSaveWritesItsDefaultName) {
   EXPECT_TRUE(files.Exists("/documents/Kestrava.txt"));
 }
 
+TEST_F(PassWindow, ASaveReplacesAnOlderFileOfThatName) {
+  Open();
+  Calc();
+  files.Put("/documents/mine.txt", std::string(100000, 'x'));
+  view.chosen = "/documents/mine.txt";
+  messages.ExpectMessage("Predictions saved as /documents/mine.txt");
+  Passes().SaveResultsClicked();
+  PrintedText expected;
+  AssemblePasses(expected, SaveCredit(), Passes().Table());
+  EXPECT_EQ(files.Content("/documents/mine.txt"), expected.PlainText() + "\r\n");
+}
+
 TEST_F(PassWindow, AFolderThatCannotBeWrittenIsSaidAndHoldsNoHalfFile) {
   Open();
   Calc();

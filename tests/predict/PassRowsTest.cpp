@@ -224,6 +224,29 @@ TEST_F(PassRows, VisibleMeansSunlitAndTwilightAtTheStart) {
   EXPECT_GT(yes, 5) << "the day has a dawn and a dusk";
 }
 
+TEST_F(PassRows, SunlitOnlyAtTheEndIsJudgedByTheSunOfTheStart) {
+  const platform::SerialDate day = platform::MakeSerial({2026, 11, 15, 0, 0, 0});
+  constexpr double kLengthS = 3000;
+  const auto twilightAt = [&](platform::SerialDate utc) {
+    orbit::Tables own;
+    orbit::Satcalc({own, engine}, "sun", platform::SplitSerial(utc), false);
+    return IsTwilight(own.result.SatEl);
+  };
+  bool seen[2] = {};  // by what the start says; the end says the contrary
+  for (int minute = 0; minute < 1380; ++minute) {
+    const platform::SerialDate start = day + minute / 1440.0;
+    const platform::SerialDate end = start + kLengthS / 86400;
+    if (SunlitAt(start) || !SunlitAt(end) || twilightAt(start) == twilightAt(end)) continue;
+    table.Clear();
+    Rows(Entry(Digits(start), "45", "3000"));
+    ASSERT_EQ(table.RowCount(), 1);
+    EXPECT_EQ(Row()[kSunlitCell], "Yes") << minute;
+    EXPECT_EQ(Row()[kVisibleCell], twilightAt(start) ? "Yes" : "No ") << minute;
+    seen[twilightAt(start)] = true;
+  }
+  EXPECT_TRUE(seen[false] && seen[true]);
+}
+
 TEST(Twilight, HoldsBothItsEnds) {
   EXPECT_TRUE(IsTwilight(-6.0));
   EXPECT_TRUE(IsTwilight(-18.0));
