@@ -45,3 +45,12 @@ function(kestrava_precompile target)
     target_precompile_headers(${target} ${ARGN})
   endif()
 endfunction()
+
+# For test code, with the same arguments: it needs no optimiser, and that of gcc 12 warns falsely about strings whose
+# header was precompiled.
+function(kestrava_precompile_test target)
+  if(KESTRAVA_PRECOMPILE)
+    target_compile_options(${target} PRIVATE -O0)
+  endif()
+  kestrava_precompile(${target} ${ARGN})
+endfunction()
