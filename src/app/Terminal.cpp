@@ -11,6 +11,7 @@
 
 #include "cli/Command.h"
 #include "platform/Doors.h"
+#include "platform/Text.h"
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
 #include "platform/linux/PosixLocale.h"
@@ -70,11 +71,24 @@ bool WriteAll(int stream, std::string_view text) {
   return true;
 }
 
+/// The toolkit would end the process by a signal, with advice that is of no use to a user.
+bool WindowsHaveNoPlace(const std::vector<std::string>& arguments) {
+  const auto namesOne = [](std::string_view argument) {
+    argument.remove_prefix(std::min(argument.find_first_not_of('-'), argument.size()));
+    return platform::BeginsWith(argument, "platform") || platform::BeginsWith(argument, "display");
+  };
+  return !platform::NamesADisplay() && std::none_of(arguments.begin(), arguments.end(), namesOne);
+}
+
 }  // namespace
 
 std::optional<int> AnswerInTerminal(int argc, char** argv) {
   const std::vector<std::string> arguments(argv + 1, argv + std::max(argc, 1));
-  if (!cli::IsForTerminal(arguments)) return std::nullopt;
+  if (!cli::IsForTerminal(arguments)) {
+    if (!WindowsHaveNoPlace(arguments)) return std::nullopt;
+    WriteAll(STDERR_FILENO, "kestrava: there is no display for its windows. kestrava --help names what needs none\n");
+    return cli::kNothingFound;
+  }
   PlainMachine machine;
   const cli::Machine place{ChooseFolder, platform::ConfigHome() / "kestrava" / "settings.conf",
                            FindShippedData(ProgramFolder()), PlaceOfTheMachine};

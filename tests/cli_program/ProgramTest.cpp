@@ -205,6 +205,13 @@ TEST_F(RealProgram, AnOptionThatMakesNoSenseIsToldWithoutADisplay) {
   }
 }
 
+TEST_F(RealProgram, WindowsWithoutADisplayAreToldInOneLine) {
+  const Ended ended = Run({});
+  EXPECT_EQ(ended.how, "code 1");
+  EXPECT_EQ(ended.out, "");
+  EXPECT_EQ(ended.err, "kestrava: there is no display for its windows. kestrava --help names what needs none\n");
+}
+
 TEST_F(RealProgram, EachSideOfAChangeOfTheClocksHasItsOwnOffset) {
   const std::vector<std::string> arguments{"passes",   "25544", "--from", "2026-10-31T04:00Z", "--days", "3",
                                            "--format", "csv",   "--at",   "40.7,-74,10"};

@@ -65,6 +65,13 @@ double DegreesOf(std::string_view text, int degreeDigits) {
 
 }  // namespace
 
+bool NamesADisplay() {
+  for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "WAYLAND_SOCKET", "QT_QPA_PLATFORM"}) {
+    if (!Variable(name).empty()) return true;
+  }
+  return Variable("XDG_SESSION_TYPE") == "wayland";  // its first socket has a name that everybody knows
+}
+
 fs::path DataHome() {
   return XdgFolder("XDG_DATA_HOME", ".local/share");
 }

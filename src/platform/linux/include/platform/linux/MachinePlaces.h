@@ -1,4 +1,5 @@
-// Where this machine keeps a user's things, and where on Earth it believes to be. Used by main at start-up.
+// Where this machine keeps a user's things, where on Earth it believes to be, and whether it has a display. Used by
+// main at start-up.
 #pragma once
 
 #include <filesystem>
@@ -12,6 +13,9 @@ namespace kestrava::platform {
 std::filesystem::path DataHome();
 /// XDG config home: $XDG_CONFIG_HOME if it is an absolute path, else ~/.config.
 std::filesystem::path ConfigHome();
+
+/// Whether the environment names a display that windows can stand on, or another platform for them.
+bool NamesADisplay();
 
 /// What a machine tells about its time zone.
 struct ZoneSources {
