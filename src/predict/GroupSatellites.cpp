@@ -5,7 +5,6 @@
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
-#include "platform/Format.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "store/ElementFiles.h"
@@ -56,16 +55,12 @@ GroupRead AddSatellitesOfGroup(const orbit::Tables& tables, std::string_view gro
     platform::TheMessages().Show(file + " satellite group keps are not updated yet, the keplerian file doesn't exist");
     return GroupRead::kMissing;
   }
-  const int header = store::FindFirstKepLine(file);  // yields
-  if (stopped()) return GroupRead::kStopped;
   platform::TextReader reader(platform::InAppDir(file));
-  for (int i = 0; i <= header; ++i) NextLine(reader);
   while (!reader.AtEnd()) {
     const std::string nameLine = NextLine(reader);
-    const std::string line1 = NextLine(reader);
     NextLine(reader);
-    if (platform::Trim(nameLine).empty()) break;
-    if (platform::Val(platform::Mid(line1, 19, 13)) != 0) combo.Add(ListedName(nameLine));
+    NextLine(reader);
+    if (!platform::Trim(nameLine).empty()) combo.Add(ListedName(nameLine));
     platform::YieldOnce();
     if (stopped()) return GroupRead::kStopped;
   }

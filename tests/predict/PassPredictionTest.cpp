@@ -64,14 +64,14 @@ TEST_F(PassWindow, NamesOfAGroupAreCutToSixteenCharacters) {
   EXPECT_EQ(view.satellite.entries, (Names{"ABCDEFGHIJKLMNOP", "ISS   BIG", "SHORT"}));
 }
 
-TEST_F(PassWindow, AHeaderAndSetsWithoutAnEpochAreNoSatellites) {
+TEST_F(PassWindow, TheFirstOfEachThreeLinesIsASatelliteWhateverTheOthersHold) {
   const std::string lines = "\n1 25544U 98067A   26318.89808844\n2 25544\n";
   Put("weather.txt",
-      "A header\nof two lines\nONE" + lines + "EMPTY\n1 25544U 98067A   00000.00000000\n2 25544\nTWO" + lines);
+      "ONE" + lines + "NO EPOCH\n1 25544U 98067A   00000.00000000\n2 25544\n\n\n\nTWO" + lines + "BROKEN OFF");
   Open();
   view.group.text = "Weather";
   Passes().GroupnameClicked();
-  EXPECT_EQ(view.satellite.entries, (Names{"ONE", "TWO"}));
+  EXPECT_EQ(view.satellite.entries, (Names{"ONE", "NO EPOCH", "TWO", "BROKEN OFF"}));
 }
 
 TEST_F(PassWindow, AMissingElementFileIsSaid) {
