@@ -58,7 +58,11 @@ Station::Station(const Machine& machine, const Request& request, std::ostream& e
     engine_.SetDataFolder(platform::AppDir);
     ReadSatellites();
     PlaceObserver(request);
-    minimumElevationDeg_ = request.minElevationDeg ? *request.minElevationDeg : NumberOf("WxEL");
+    // As in the windows: a minimum that is no number is told, and leaves nothing out.
+    kTrap([&] {
+      minimumElevationDeg_ = platform::ParseNumber(platform::ApplyCommaRule(platform::ReadSetting("WxEL", "0")));
+    });
+    if (request.minElevationDeg) minimumElevationDeg_ = *request.minElevationDeg;
   } catch (...) {
     platform::ObserveFaults(earlierObserver_);
     platform::AppDir = earlierAppDir_;
