@@ -161,7 +161,7 @@ void MainSettingsPanel::SliderChanged(MainSlider slider) {
   SliderControl& control = view_.Slider(slider);
   StoreSetting(RowOf(slider), control);
   ShowValue(RowOf(slider), control);
-  if (slider == MainSlider::kSpeechSpeed) {
+  if (slider == MainSlider::kSpeechSpeed && platform::ReadSetting("Speechpack", "0") != "0") {
     FaultTrap{"mainCON - SLspeechspeed"}([&] { platform::TheSpeech().SetSpeed(control.Value()); });
   }
 }

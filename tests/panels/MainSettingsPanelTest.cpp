@@ -153,7 +153,17 @@ TEST_F(MainSettingsPanelTest, AMovedSliderTellsItsValueAndStoresItAtTheEnd) {
   EXPECT_EQ(settings.Get("WxEL"), "40");
 }
 
+TEST_F(MainSettingsPanelTest, TheSpeedOfASilentStationIsStoredAlone) {
+  panel.Load();
+  Move(MainSlider::kSpeechSpeed, 220);
+  speech.broken = platform::Fault::Automation("no sound");
+  panel.SliderChanged(MainSlider::kSpeechSpeed);
+  EXPECT_EQ(settings.Get("SpeechSpeed"), "220");
+  EXPECT_TRUE(TakeFaults().empty()) << "the engine is not touched while speech is off";
+}
+
 TEST_F(MainSettingsPanelTest, TheSpeedIsHeardAtOnce) {
+  platform::WriteSetting("Speechpack", "1");
   panel.Load();
   Move(MainSlider::kSpeechSpeed, 220);
   panel.SliderChanged(MainSlider::kSpeechSpeed);
@@ -162,6 +172,7 @@ TEST_F(MainSettingsPanelTest, TheSpeedIsHeardAtOnce) {
 }
 
 TEST_F(MainSettingsPanelTest, AnEngineThatTakesNoSpeedIsLogged) {
+  platform::WriteSetting("Speechpack", "1");
   panel.Load();
   speech.broken = platform::Fault::Automation("no sound");
   panel.SliderChanged(MainSlider::kSpeechSpeed);
