@@ -1,6 +1,7 @@
 #include "HorizonView.h"
 
 #include <QHelpEvent>
+#include <QScopeGuard>
 #include <QToolTip>
 #include <QVBoxLayout>
 
@@ -181,10 +182,10 @@ void HorizonView::LoadBackDrop(const std::string& file) {
 void HorizonView::RepaintHorizon() {
   if (painting_) return;
   painting_ = true;
+  const auto ended = qScopeGuard([this] { painting_ = false; });
   canvas_->FitToWidget();
   painter_->PaintScreen();
   if (behaviour_->IsOpen()) canvas_->Present();
-  painting_ = false;
 }
 
 void HorizonView::SetDataText(std::string_view text) {
