@@ -130,6 +130,7 @@ class ScriptedSink : public platform::SpeechSink {
     const std::size_t roomBefore = script_->room;
     script_->changed.wait(guard, [&] { return script_->woken || Advance() || script_->room > roomBefore; });
     script_->woken = false;
+    script_->changed.notify_all();
   }
   void Wake() override {
     script_->Tell([](VoiceScript& s) { s.woken = true; });

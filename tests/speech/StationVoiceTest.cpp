@@ -68,6 +68,21 @@ TEST_F(StationVoiceTests, AnEngineThatCannotBeMadeIsTheAutomationError) {
   EXPECT_EQ(mute.State(), "no speech engine could be made");
 }
 
+TEST_F(StationVoiceTests, AnEngineThatCouldNotBeMadeIsNotTriedAgainForEverySentence) {
+  int tries = 0;
+  StationVoice mute({[&]() -> std::unique_ptr<platform::Synthesiser> {
+                       ++tries;
+                       throw Fault::Automation("no data");
+                     },
+                     [this] { return std::make_unique<ScriptedSink>(script); }});
+  EXPECT_THROW(mute.SetSpeed(180), Fault);
+  EXPECT_THROW(mute.Speak("hello", SpeechKind::kSentence), Fault);
+  EXPECT_THROW(mute.Speak("hello again", SpeechKind::kSentence), Fault);
+  EXPECT_EQ(tries, 1);
+  EXPECT_THROW(mute.SetSpeed(180), Fault);
+  EXPECT_EQ(tries, 2) << "who sets it up anew tries again";
+}
+
 TEST_F(StationVoiceTests, AMachineWithoutDescriptorsForTheSinkHasNoEngineEither) {
   StationVoice mute({[this] { return std::make_unique<ScriptedSynthesiser>(script); },
                      []() -> std::unique_ptr<platform::SpeechSink> { throw Fault::DeviceError(); }});
@@ -154,6 +169,17 @@ TEST_F(StationVoiceTests, WithoutASoundServerSentencesAreDroppedAndNotEvenMadeTo
   ASSERT_TRUE(script->Until([](VoiceScript& s) { return s.closed == 1; }));
   EXPECT_EQ(voice->State(), "Scripted voice: no scripted server, sentences are dropped");
   EXPECT_TRUE(Said().empty());
+}
+
+TEST_F(StationVoiceTests, TheWishForSilenceDoesNotForgetThatThereIsNoServer) {
+  Tell(Server::kMissing);
+  voice->Speak("nobody", SpeechKind::kSentence);
+  ASSERT_TRUE(script->Until([](VoiceScript& s) { return s.closed == 1; }));
+  for (int i = 0; i < 2; ++i) {  // what woke the thread first is obeyed when it has been woken again
+    voice->Stop();
+    ASSERT_TRUE(script->Until([](VoiceScript& s) { return !s.woken; }));
+  }
+  EXPECT_EQ(voice->State(), "Scripted voice: no scripted server, sentences are dropped");
 }
 
 TEST_F(StationVoiceTests, SpeechComesBackByItselfWithTheServerButNotWhatWasDropped) {

@@ -1,6 +1,7 @@
 #include "SpeechWorker.h"
 
 #include <chrono>
+#include <exception>
 #include <span>
 #include <utility>
 
@@ -51,7 +52,11 @@ bool SpeechWorker::End(int patienceMs) {
 
 void SpeechWorker::Run() {
   while (!ending_) {
-    if (!Step()) sink_->Wait();
+    try {
+      if (!Step()) sink_->Wait();
+    } catch (const std::exception&) {  // no memory for a sentence: it goes the way of those that nobody hears
+      DropAll();
+    }
   }
   LetGo();
 }
@@ -78,8 +83,10 @@ bool SpeechWorker::ObeyOrders() {
   if (!silence_.exchange(false)) return false;
   samples_.clear();
   written_ = 0;
+  const SpeechSink::Stage stage = sink_->Now();
   sink_->Close();
-  Note("ready");
+  // What is known of a server that is gone stays known.
+  if (stage == SpeechSink::Stage::kOpen || stage == SpeechSink::Stage::kFinishing) Note("ready");
   return true;
 }
 
@@ -125,7 +132,11 @@ bool SpeechWorker::TakeSentence() {
     if (!text) return false;
     Note("speaking");
     synthesiser_->Say(*text, [this](std::span<const std::int16_t> some) {
-      samples_.insert(samples_.end(), some.begin(), some.end());
+      try {
+        samples_.insert(samples_.end(), some.begin(), some.end());
+      } catch (const std::exception&) {  // must not leave through the synthesiser, which is C
+        return false;
+      }
       return !silence_ && !ending_;
     });
   }

@@ -58,6 +58,7 @@ SpeechWorker& StationVoice::Worker() const {
 }
 
 void StationVoice::Speak(std::string_view text, SpeechKind kind) {
+  if (failed_) throw Fault::Automation(kNoEngine);  // not tried again for every sentence, only when it is set up
   Worker().Speak(text, kind);
 }
 
