@@ -127,6 +127,14 @@ TEST_F(Passes, TheMinimumElevationIsTheSettingUnlessGiven) {
   EXPECT_GE(lowest(Run(With(kThreeDays, {"--format", "json", "--min-elevation", "60"}))), 60);
 }
 
+TEST_F(Passes, AMinimumElevationThatIsNoNumberIsToldAndLeavesNothingOut) {
+  PutSettings("Latitude=51.5\nLongitude=0\nHASL=30\nWxEL=high\n");
+  const Answer answer = Run(With(kThreeDays, {"--format", "json"}));
+  EXPECT_EQ(answer.code, 0);
+  EXPECT_NE(answer.err.find("Type mismatch"), std::string::npos) << answer.err;
+  EXPECT_EQ(answer.OutAsJson()["min_elevation_deg"], 0.0);
+}
+
 TEST_F(Passes, VisibleLeavesOutTheOthers) {
   const Json all = Run(With(kThreeDays, {"--format", "json"})).OutAsJson();
   const Json visible = Run(With(kThreeDays, {"--format", "json", "--visible"})).OutAsJson();
