@@ -23,6 +23,7 @@ using Lines = std::vector<std::string>;
 
 constexpr std::string_view kCrLf = "\r\n";
 constexpr std::size_t kLinesBehindSatellites = 3;  // days and two flags
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsBlank(std::string_view line) {
   return platform::Trim(line).empty();
@@ -192,6 +193,8 @@ bool RemoveJob(std::string_view name) {
     const bool taken = i < *at || (i >= behind && !IsBlank(lines[i]));
     if (taken) content.append(latin1 ? platform::ToLatin1(lines[i]) : lines[i]).append(kCrLf);
   }
+  // A first line that begins like a mark would lose that at the next reading.
+  if (platform::BeginsWith(content, kByteOrderMark)) content.insert(0, kByteOrderMark);
   PutInPlace(content);
   return true;
 }

@@ -200,6 +200,14 @@ TEST_F(PassJobs, ARemovedJobTakesTheBlankLinesBehindItAlong) {
   EXPECT_EQ(Content("pass.dat"), "\r\nB\r\nY;\r\n2\r\n0\r\n0\r\nC\r\nZ;\r\n3\r\n0\r\n0\r\n");
 }
 
+TEST_F(PassJobs, ANameThatBeginsLikeAByteOrderMarkKeepsThatWhenAnotherJobIsRemoved) {
+  const std::string mark = "\xEF\xBB\xBF";
+  Put("pass.dat", mark + mark + "One\r\nA;\r\n1\r\n0\r\n0\r\nTwo\r\nB;\r\n1\r\n0\r\n0\r\n");
+  ASSERT_EQ(ListJobs(), (Names{mark + "One", "Two"}));
+  ASSERT_TRUE(RemoveJob("Two"));
+  EXPECT_EQ(ListJobs(), Names{mark + "One"});
+}
+
 TEST_F(PassJobs, RecordsBehindABlankLineComeBackWithTheNextDelete) {
   Put("pass.dat", "A\nX;\n1\n0\n0\n\nB\nY;\n2\n0\n0\n");
   ASSERT_EQ(ListJobs(), Names{"A"});
