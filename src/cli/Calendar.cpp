@@ -71,8 +71,17 @@ std::string LocalDay(platform::SerialDate utc, int daysLater) {
   return std::to_string(day.year * 10000 + day.month * 100 + day.day);
 }
 
+/// Whether a pass stands for a day that the satellite is wholly up: the engine gives such a day the hours from 6 to 18.
+/// A pass of many hours with a rise and a set of its own is as long as it is.
+bool StandsForADay(const predict::PassFacts& pass) {
+  const auto isAt = [](platform::SerialDate moment, double hour) {
+    return std::abs((moment - std::floor(moment)) * 24 - hour) < 1e-4;
+  };
+  return pass.allDay && isAt(pass.riseUtc, 6) && isAt(pass.setUtc, 18);
+}
+
 void WriteTimes(std::ostream& out, const predict::PassFacts& pass) {
-  if (pass.allDay) {
+  if (StandsForADay(pass)) {
     WriteLine(out, "DTSTART;VALUE=DATE:" + LocalDay(pass.riseUtc, 0));
     WriteLine(out, "DTEND;VALUE=DATE:" + LocalDay(pass.riseUtc, 1));
     return;

@@ -130,6 +130,18 @@ TEST_F(Calendar, AnAllDayObjectIsAnEventOfTheWholeDay) {
   for (const auto& [uid, event] : events) EXPECT_TRUE(event.isDate) << uid;
 }
 
+TEST_F(Calendar, APassOfElevenHoursWithARiseAndASetIsAsLongAsItIs) {
+  const std::vector<std::string> passes{"passes", "MOLNIYA 3-50", "--from",  "2026-11-15", "--days",
+                                        "2",      "--at",         "40,-30,0"};
+  const auto with = [&](const char* format) {
+    std::vector<std::string> words = passes;
+    words.insert(words.end(), {"--format", format});
+    return words;
+  };
+  EXPECT_NE(Run(with("json")).out.find("\"all_day\": true"), std::string::npos) << "long enough for the mark";
+  for (const auto& [uid, event] : EventsOf(with("ical"))) EXPECT_FALSE(event.isDate) << uid;
+}
+
 TEST_F(Calendar, AJobMayBecomeACalendar) {
   Put("pass.dat", "Mine\r\nISS (ZARYA);\r\n2\r\n0\r\n0\r\n");
   EXPECT_GT(EventsOf({"job", "Mine", "--format", "ical"}).size(), 3u);

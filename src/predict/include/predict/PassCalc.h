@@ -60,7 +60,7 @@ struct PassFacts {
   double riseAzimuthDeg = 0;
   double highestAzimuthDeg = 0;
   double setAzimuthDeg = 0;
-  bool allDay = false;  ///< rise and set are then no horizon crossings
+  bool allDay = false;  ///< by its length: shown as up all day, whether or not it rises and sets
   bool sunlit = false;  ///< at the start or the end
   bool visible = false;
 };
