@@ -39,7 +39,12 @@ class PumpingLoop : public testing::SimulatedEventLoop {
 class PassSoak : public PassFixture {
  protected:
   PassSoak() { platform::TheDoors().eventLoop = &pumping; }
-  ~PassSoak() override { platform::TheDoors().eventLoop = &eventLoop; }
+  ~PassSoak() override {
+    pumping.atYield = nullptr;
+    while (!windows->Loaded().empty()) windows->Unload(*windows->Loaded().back().second);
+    pumping.RunEvent([] {});  // the windows go while the loop of their timers is still there
+    platform::TheDoors().eventLoop = &eventLoop;
+  }
 
   /// A job of as many satellites as it can hold.
   static std::string LargeJob(QWidget& window) {
