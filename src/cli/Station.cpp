@@ -34,7 +34,7 @@ bool IsNumber(std::string_view text) {
 
 }  // namespace
 
-void ErrorStreamMessages::Show(std::string_view text, std::string_view /*title*/) {
+void ErrorStreamMessages::Show(std::string_view text, std::string_view /*title*/, platform::MessageIcon /*icon*/) {
   err_ << "kestrava: " << text << '\n';
 }
 
