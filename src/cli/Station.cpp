@@ -39,7 +39,7 @@ void ErrorStreamMessages::Show(std::string_view text, std::string_view /*title*/
 }
 
 bool ErrorStreamMessages::AskYesNo(std::string_view text, std::string_view title) {
-  Show(text, title);
+  Show(text, title, platform::MessageIcon::kInformation);
   return false;
 }
 
