@@ -36,15 +36,12 @@ bool ReadAngle(std::string_view field, double limitDeg, double& angleDeg) {
   return ReadNumber(field, angleDeg) && std::abs(angleDeg) <= limitDeg;
 }
 
-std::string KeyOf(const std::vector<std::string>& texts) {
-  std::string key;
-  for (const auto& text : texts) {
-    const std::string folded = FoldForSearch(text);
-    if (folded.empty()) continue;
-    if (!key.empty()) key += '\n';
-    key += folded;
-  }
-  return key;
+/// Adds a text to a key as a line of its own, unless nothing of it can be typed.
+void AddToKey(std::string& key, std::string_view text) {
+  const std::string folded = FoldForSearch(text);
+  if (folded.empty()) return;
+  if (!key.empty()) key += '\n';
+  key += folded;
 }
 
 bool ReadCity(std::string_view line, City& city) {
@@ -60,17 +57,19 @@ bool ReadCity(std::string_view line, City& city) {
     city.heightM = heightM;
   }
   if (!platform::Trim(fields[kPopulation]).empty() && !ReadNumber(fields[kPopulation], city.population)) return false;
-  std::vector<std::string> names = platform::SplitAt(fields[kOtherNames], '|');
-  names.insert(names.begin(), city.name);
-  city.nameKey = KeyOf(names);
-  city.placeKey = KeyOf({city.region, city.country});
-  return !FoldForSearch(city.name).empty();
+  AddToKey(city.nameKey, city.name);
+  if (city.nameKey.empty()) return false;
+  for (const auto& name : platform::SplitAt(fields[kOtherNames], '|')) AddToKey(city.nameKey, name);
+  AddToKey(city.placeKey, city.region);
+  AddToKey(city.placeKey, city.country);
+  return true;
 }
 
 void MarkSharedNames(std::vector<City>& cities) {
   std::unordered_map<std::string, City*> firstOfText;
   for (auto& city : cities) {
-    const auto [first, isNew] = firstOfText.emplace(KeyOf({city.name, city.country}), &city);
+    const std::string ownName = city.nameKey.substr(0, city.nameKey.find('\n'));
+    const auto [first, isNew] = firstOfText.emplace(ownName + "\n" + city.country, &city);
     if (!isNew) first->second->sharesItsName = city.sharesItsName = true;
   }
 }
@@ -83,10 +82,11 @@ struct Reading {
 };
 
 constexpr int kNoMatch = 1000;
-constexpr int kInside = 3;
+constexpr int kInside = 4;
 constexpr int kGuessedParting = 10;  // no comma told where the name ends
 constexpr int kPlaceAlone = 20;
-constexpr int kMostPartings = 6;  // a longer text is no city's name
+constexpr std::size_t kMostPartings = 6;
+constexpr std::size_t kLongestText = 200;  // no city of the list has half of it
 
 /// Short forms that people write for the countries of the list.
 std::string CountryOf(const std::string& folded) {
@@ -96,44 +96,59 @@ std::string CountryOf(const std::string& folded) {
   return folded;
 }
 
+/// The name before the first comma, or before a later one: "Washington, D.C., United States" has one inside.
+void AddPartedAtCommas(std::vector<Reading>& readings, const std::vector<std::string>& parts) {
+  std::string name;
+  const std::size_t partings = std::min(parts.size() - 1, kMostPartings);
+  for (std::size_t i = 0; i < partings; ++i) {
+    name += parts[i] + ",";
+    Reading reading{FoldForSearch(name), {}, 0};
+    if (reading.name.empty()) reading.handicap = kPlaceAlone;
+    for (std::size_t k = i + 1; k < parts.size(); ++k) {
+      const std::string folded = FoldForSearch(parts[k]);
+      if (!folded.empty()) reading.places.push_back(CountryOf(folded));
+    }
+    readings.push_back(std::move(reading));
+  }
+}
+
 std::vector<Reading> ReadingsOf(std::string_view text) {
   std::vector<Reading> readings;
   const std::string whole = FoldForSearch(text);
-  if (whole.empty()) return readings;
+  if (whole.empty() || whole.size() > kLongestText) return readings;
   readings.push_back({whole, {}, 0});
   const std::vector<std::string> parts = platform::SplitAt(text, ',');
   if (parts.size() > 1) {
-    Reading parted{FoldForSearch(parts[0]), {}, parts[0].empty() ? kPlaceAlone : 0};
-    for (std::size_t i = 1; i < parts.size(); ++i) parted.places.push_back(CountryOf(FoldForSearch(parts[i])));
-    readings.push_back(std::move(parted));
+    AddPartedAtCommas(readings, parts);
     return readings;
   }
   std::size_t blank = whole.rfind(' ');
-  for (int i = 0; i < kMostPartings && blank != std::string::npos; ++i, blank = whole.rfind(' ', blank - 1)) {
+  for (std::size_t i = 0; i < kMostPartings && blank != std::string::npos; ++i, blank = whole.rfind(' ', blank - 1)) {
     readings.push_back({whole.substr(0, blank), {CountryOf(whole.substr(blank + 1))}, kGuessedParting});
   }
   readings.push_back({{}, {CountryOf(whole)}, kPlaceAlone});
   return readings;
 }
 
-/// 0 for a whole name, 1 for the beginning of one, 2 for that of a word, 3 inside, kNoMatch.
-int NameRank(std::string_view key, std::string_view typed) {
+/// 0 for the whole first line of a key, 1 for a whole later one (another name of the city), 2 for the beginning of one,
+/// 3 for that of a word, 4 inside, kNoMatch.
+int KeyRank(std::string_view key, std::string_view typed) {
   if (typed.empty()) return 0;
   int best = kNoMatch;
   for (std::size_t at = key.find(typed); at != std::string_view::npos; at = key.find(typed, at + 1)) {
     const std::size_t end = at + typed.size();
-    const bool beginsName = at == 0 || key[at - 1] == '\n';
-    const bool endsName = end == key.size() || key[end] == '\n';
-    best = std::min(best, beginsName && endsName ? 0 : beginsName ? 1 : key[at - 1] == ' ' ? 2 : kInside);
+    const bool beginsLine = at == 0 || key[at - 1] == '\n';
+    const bool isWhole = beginsLine && (end == key.size() || key[end] == '\n');
+    best = std::min(best, isWhole ? (at == 0 ? 0 : 1) : beginsLine ? 2 : key[at - 1] == ' ' ? 3 : kInside);
   }
   return best;
 }
 
 int RankOf(const City& city, const Reading& reading) {
-  const int rank = NameRank(city.nameKey, reading.name);
+  const int rank = KeyRank(city.nameKey, reading.name);
   if (rank == kNoMatch) return kNoMatch;
   const bool fits = std::all_of(reading.places.begin(), reading.places.end(),
-                                [&](const std::string& place) { return NameRank(city.placeKey, place) < kInside; });
+                                [&](const std::string& place) { return KeyRank(city.placeKey, place) < kInside; });
   return fits ? rank + reading.handicap : kNoMatch;
 }
 

@@ -141,6 +141,19 @@ TEST_F(Cities, TheirOtherNamesAreFoundToo) {
   EXPECT_EQ(Found("saint petersburg"), Texts{"St. Petersburg, Russia"});
 }
 
+TEST_F(Cities, ACitysOwnNameComesBeforeALargerOnesOtherName) {
+  cities = ReadCities("Goma;Congo;;-1.7;29.2;;144000;Gisenyi\nGisenyi;Rwanda;;-1.7;29.3;;83000;\n");
+  EXPECT_EQ(Found("gisenyi"), (Texts{"Gisenyi, Rwanda", "Goma, Congo"}));
+}
+
+TEST_F(Cities, ACommaInsideANamePartsNothing) {
+  cities = ReadCities("Washington, D.C.;United States of America;District of Columbia;38.9;-77.01;;4338000;\n");
+  for (const char* typed :
+       {"washington, d.c.", "Washington, D.C., United States", "washington dc", "washington, usa"}) {
+    EXPECT_EQ(Found(typed), Texts{"Washington, D.C., United States of America"}) << typed;
+  }
+}
+
 TEST_F(Cities, SignsInsideANameMayBeTypedOrNot) {
   EXPECT_EQ(Found("st petersburg"), Texts{"St. Petersburg, Russia"});
   EXPECT_EQ(Found("ndjamena"), Texts{"N'Djamena, Chad"});
@@ -201,6 +214,7 @@ TEST_F(Cities, ALongTextIsAnsweredWithNone) {
   std::string words;
   for (int i = 0; i < 20000; ++i) words += "new york ";
   EXPECT_EQ(Found(words), Texts{});
+  EXPECT_EQ(Found("paris" + std::string(100000, ',')).size(), 2U);
 }
 
 TEST_F(Cities, OnlyOnesThatLookTheSameAreShownWithTheirRegion) {

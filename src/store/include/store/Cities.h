@@ -29,9 +29,10 @@ struct City {
 std::vector<City> ReadCities(std::string_view text);
 
 /// The cities that a typed text may mean, best first, at most `most` of them. Letters count the same in capitals or
-/// small and with or without accents. A whole name stands before the beginning of one, that before the beginning of a
-/// later word, that before letters inside; of equals the larger city comes first. Behind a comma stands a country or
-/// region ("paris, united states"); without one ("paris texas", "iceland") they are found behind all names.
+/// small and with or without accents. A whole name (the city's own, then another one) stands before the beginning of
+/// one, that before the beginning of a later word, that before letters inside; of equals the larger city comes first.
+/// Behind a comma stands a country or region ("london, united states"); without one ("london kentucky", "iceland") they
+/// are found behind all names.
 /// @return pointers into `cities`; none for a text without letters or digits
 std::vector<const City*> FindCities(const std::vector<City>& cities, std::string_view text, int most);
 
