@@ -10,6 +10,7 @@
 #include "orbit/Tables.h"
 
 #include "BestOfRuns.h"
+#include "CitiesBench.h"
 #include "DaylightBench.h"
 #include "PassBench.h"
 #include "PlatformBench.h"
@@ -181,6 +182,7 @@ int main(int argc, char** argv) {
   for (const Asked& row : RegisterDaylightBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterPassBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterPlatformBenchmarks()) asked.push_back(row);
+  for (const Asked& row : RegisterCitiesBenchmarks()) asked.push_back(row);
   BestOfRuns reporter(asked);
   benchmark::RunSpecifiedBenchmarks(&reporter);
   if (!reporter.PrintSummary()) std::puts("\nnot everything asked was reached on this machine at this time");

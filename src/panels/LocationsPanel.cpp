@@ -326,8 +326,7 @@ void LocationsPanel::SetPrimeClicked() {
 
 void LocationsPanel::RemoveClicked() {
   if (view_.ListLocations().Selected() == 0) {
-    platform::TheMessages().Show("Can't Remove the Primary Location!", "Delete Location",
-                                 platform::MessageIcon::kExclamation);
+    platform::TheMessages().Show("Can't Remove the Primary Location!", "Delete Location");
     return;
   }
   Click("the deleting of the location", [&] {

@@ -8,8 +8,7 @@
 
 namespace kestrava::testing {
 
-void ScriptedMessages::Show(std::string_view text, std::string_view title, platform::MessageIcon icon) {
-  icons_.push_back(icon);
+void ScriptedMessages::Show(std::string_view text, std::string_view title) {
   Answer(text, title, false);
 }
 
