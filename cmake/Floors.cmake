@@ -14,13 +14,14 @@ set(KESTRAVA_FLOORS
   "views2d        : platform orbit store station predict"
   "views2d/ui     : platform platform/qt orbit store station predict views2d Qt6::Widgets"
   "panels         : platform orbit store"
+  "panels/ui      : platform platform/qt orbit store station panels Qt6::Widgets"
   "shell          : platform orbit store station predict"
   "shell/ui       : platform platform/qt orbit store station predict shell Qt6::Widgets")
 
 # What the program itself and the test programs may link: everything.
 set(KESTRAVA_APP_USES
-  platform platform/linux platform/qt orbit store station predict predict/ui cli views2d views2d/ui panels shell
-  shell/ui Qt6::Widgets)
+  platform platform/linux platform/qt orbit store station predict predict/ui cli views2d views2d/ui panels
+  panels/ui shell shell/ui Qt6::Widgets)
 
 # Turns names of the table into link targets: "platform/qt" becomes kestrava::platform_qt, "Qt6::Widgets" stays.
 function(kestrava_link target)

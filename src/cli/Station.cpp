@@ -34,12 +34,12 @@ bool IsNumber(std::string_view text) {
 
 }  // namespace
 
-void ErrorStreamMessages::Show(std::string_view text, std::string_view /*title*/) {
+void ErrorStreamMessages::Show(std::string_view text, std::string_view /*title*/, platform::MessageIcon /*icon*/) {
   err_ << "kestrava: " << text << '\n';
 }
 
 bool ErrorStreamMessages::AskYesNo(std::string_view text, std::string_view title) {
-  Show(text, title);
+  Show(text, title, platform::MessageIcon::kInformation);
   return false;
 }
 

@@ -25,7 +25,7 @@ namespace kestrava::cli {
 class ErrorStreamMessages : public platform::Messages {
  public:
   explicit ErrorStreamMessages(std::ostream& err) : err_(err) {}
-  void Show(std::string_view text, std::string_view title) override;
+  void Show(std::string_view text, std::string_view title, platform::MessageIcon icon) override;
   bool AskYesNo(std::string_view text, std::string_view title) override;
 
  private:

@@ -326,7 +326,8 @@ void LocationsPanel::SetPrimeClicked() {
 
 void LocationsPanel::RemoveClicked() {
   if (view_.ListLocations().Selected() == 0) {
-    platform::TheMessages().Show("Can't Remove the Primary Location!", "Delete Location");
+    platform::TheMessages().Show("Can't Remove the Primary Location!", "Delete Location",
+                                 platform::MessageIcon::kExclamation);
     return;
   }
   Click("the deleting of the location", [&] {

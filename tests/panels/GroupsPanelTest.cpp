@@ -18,7 +18,7 @@ namespace {
 class View : public GroupsView {
  public:
   void ApplySkin() override { ++skins; }
-  SelectListControl& GroupList() override { return groups; }
+  platform::ListBoxControl& GroupList() override { return groups; }
   TickListControl& SatelliteList() override { return satellites; }
   platform::ComboControl& COMCelestrak() override { return server; }
   void SetDetails(std::string_view text) override { details = text; }

@@ -319,7 +319,9 @@ TEST_F(LocationsPanelTest, ThePrimaryPlaceCannotBeDeleted) {
   Open();
   messages.ExpectMessage("Can't Remove the Primary Location!");
   panel.RemoveClicked();
+  EXPECT_EQ(messages.Texts(), Texts{"Can't Remove the Primary Location!"});
   EXPECT_EQ(messages.Titles(), Texts{"Delete Location"});
+  EXPECT_EQ(messages.Icons(), std::vector{platform::MessageIcon::kExclamation});
   EXPECT_EQ(view.list.Count(), 3);
 }
 

@@ -23,7 +23,7 @@ class View : public MainSettingsView {
     if (index < 0 || index > 2) throw platform::Fault::SubscriptOutOfRange();
     clocks = index;
   }
-  PickListControl& VoiceSelect() override { return voices; }
+  platform::ComboControl& VoiceSelect() override { return voices; }
   platform::ComboControl& CBOstart() override { return start; }
   platform::ComboControl& CBOevery() override { return every; }
   std::string WavFolder() const override { return wavFolder; }

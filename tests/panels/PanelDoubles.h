@@ -10,7 +10,11 @@
 #include "panels/PanelControls.h"
 #include "platform/Fault.h"
 
+#include "support/RecordingChoices.h"
+
 namespace kestrava::panels {
+
+using kestrava::testing::RecordingCombo;
 
 /// A list box with tick boxes. A tick that changes runs `onTick`, whoever made it.
 class RecordingTickList : public TickListControl {
@@ -58,23 +62,6 @@ class RecordingTickList : public TickListControl {
   std::vector<Row_> rows;
   int selected = -1;
   std::function<void(int, bool)> onTick;
-};
-
-class RecordingCombo : public PickListControl {
- public:
-  void Clear() override { entries.clear(), index = -1; }
-  void Add(std::string_view entry) override { entries.emplace_back(entry); }
-  std::string Text() const override { return text; }
-  void SetText(std::string_view shown) override { text = shown; }
-  int Index() const override { return index; }
-  void SetIndex(int chosen) override {
-    text = platform::At(entries, chosen);
-    index = chosen;
-  }
-
-  std::vector<std::string> entries;
-  std::string text;
-  int index = -1;
 };
 
 class RecordingCheck : public CheckControl {

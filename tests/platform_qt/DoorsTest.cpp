@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QLabel>
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
@@ -29,6 +30,34 @@ std::shared_ptr<std::string> PressInBox(QMessageBox::StandardButton button) {
     box->button(button)->click();
   });
   return text;
+}
+
+/// What stands beside the text of a message of that kind, where the user sees it.
+QImage SignBesideText(MessageIcon icon) {
+  QImage sign;
+  QTimer::singleShot(0, qApp, [&sign, icon] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    testing::SaveShot(*box, icon == MessageIcon::kExclamation ? "message-exclamation" : "message-information");
+    for (QLabel* label : box->findChildren<QLabel*>()) {
+      if (label->isVisible() && !label->pixmap(Qt::ReturnByValue).isNull()) sign = testing::Grab(*label);
+    }
+    box->button(QMessageBox::Ok)->click();
+  });
+  QtMessages().Show("Read this", "Kestrava", icon);
+  return sign;
+}
+
+TEST_F(QtDoorsTests, AMessageShowsItsSignAndAnExclamationIsAnotherThanAnInformation) {
+  for (const bool skin : {false, true}) {
+    ApplyTheme(skin);
+    const QImage information = SignBesideText(MessageIcon::kInformation);
+    const QImage exclamation = SignBesideText(MessageIcon::kExclamation);
+    EXPECT_GE(information.width(), 32) << skin;
+    EXPECT_EQ(information.size(), exclamation.size()) << skin;
+    EXPECT_NE(information, exclamation) << skin;
+  }
+  ApplyTheme(false);
 }
 
 TEST_F(QtDoorsTests, ARunThatIsEndingIsHeldUpByNoBox) {

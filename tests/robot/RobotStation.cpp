@@ -43,7 +43,7 @@ void PumpingLoop::ProcessEvents() {
   QCoreApplication::processEvents();
 }
 
-void AnsweringMessages::Show(std::string_view text, std::string_view) {
+void AnsweringMessages::Show(std::string_view text, std::string_view, platform::MessageIcon) {
   texts.emplace_back(text);
 }
 

@@ -28,7 +28,7 @@ class PumpingLoop : public testing::SimulatedEventLoop {
 /// Answers every question and remembers every text.
 class AnsweringMessages : public platform::Messages {
  public:
-  void Show(std::string_view text, std::string_view title) override;
+  void Show(std::string_view text, std::string_view title, platform::MessageIcon icon) override;
   bool AskYesNo(std::string_view text, std::string_view title) override;
   std::vector<std::string> texts;
 

@@ -8,7 +8,8 @@
 
 namespace kestrava::testing {
 
-void ScriptedMessages::Show(std::string_view text, std::string_view title) {
+void ScriptedMessages::Show(std::string_view text, std::string_view title, platform::MessageIcon icon) {
+  icons_.push_back(icon);
   Answer(text, title, false);
 }
 

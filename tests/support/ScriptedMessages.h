@@ -14,7 +14,7 @@ namespace kestrava::testing {
 
 class ScriptedMessages : public platform::Messages {
  public:
-  void Show(std::string_view text, std::string_view title) override;
+  void Show(std::string_view text, std::string_view title, platform::MessageIcon icon) override;
   bool AskYesNo(std::string_view text, std::string_view title) override;
 
   /// The next message holds this text. @param meanwhile  runs while the message stands
@@ -25,6 +25,8 @@ class ScriptedMessages : public platform::Messages {
   /// Texts of all messages and questions so far, whole.
   const std::vector<std::string>& Texts() const { return texts_; }
   const std::vector<std::string>& Titles() const { return titles_; }
+  /// Signs of all messages so far; a question has none.
+  const std::vector<platform::MessageIcon>& Icons() const { return icons_; }
 
   /// Fails the test for scripted answers that nobody asked for. The house calls it at its end.
   void CheckAllAsked();
@@ -42,6 +44,7 @@ class ScriptedMessages : public platform::Messages {
   std::deque<Scripted> script_;
   std::vector<std::string> texts_;
   std::vector<std::string> titles_;
+  std::vector<platform::MessageIcon> icons_;
 };
 
 }  // namespace kestrava::testing

@@ -2,7 +2,9 @@
 
 #include <QListView>
 #include <QPainter>
+#include <QScopedValueRollback>
 
+#include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::platform::qt {
@@ -36,7 +38,7 @@ void ComboList::Add(std::string_view entry) {
 }
 
 std::string ComboList::Text() const {
-  return FromQt(currentIndex() < 0 ? placeholderText() : currentText());
+  return FromQt(currentIndex() < 0 && !isEditable() ? placeholderText() : currentText());
 }
 
 void ComboList::SetText(std::string_view text) {
@@ -45,12 +47,34 @@ void ComboList::SetText(std::string_view text) {
   const int entry = findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (entry < 0 && placeholderText() != shown) setPlaceholderText(shown);
   setCurrentIndex(entry);
+  if (isEditable()) setEditText(shown);
+}
+
+void ComboList::SetIndex(int index) {
+  if (index < 0 || index >= count()) throw Fault::SubscriptOutOfRange();
+  setCurrentIndex(index);
 }
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
   setUniformItemSizes(true);
   setSpacing(1);
   setTextElideMode(Qt::ElideRight);
+  connect(this, &QListWidget::itemSelectionChanged, this, [this] {
+    if (!byCode_ && Selected() >= 0) emit Chosen(Selected());
+  });
+  connect(this, &QListWidget::itemClicked, this, [this] {
+    if (Selected() >= 0 && Selected() == selectedAtPress_) emit Chosen(Selected());
+  });
+}
+
+void ListBox::mousePressEvent(QMouseEvent* event) {
+  selectedAtPress_ = Selected();
+  QListWidget::mousePressEvent(event);
+}
+
+void ListBox::Clear() {
+  const QScopedValueRollback mark(byCode_, true);
+  clear();
 }
 
 void ListBox::Add(std::string_view row) {
@@ -59,6 +83,7 @@ void ListBox::Add(std::string_view row) {
 
 /// Nothing is selected afterwards: a second click takes no other row away unseen.
 void ListBox::Remove(int row) {
+  const QScopedValueRollback mark(byCode_, true);
   delete takeItem(row);
   setCurrentRow(-1);
 }
@@ -71,6 +96,12 @@ std::string ListBox::Row(int row) const {
 int ListBox::Selected() const {
   const QList<QListWidgetItem*> chosen = selectedItems();
   return chosen.isEmpty() ? -1 : row(chosen.first());
+}
+
+void ListBox::Select(int row) {
+  const QScopedValueRollback mark(byCode_, true);
+  setCurrentRow(row);
+  if (row < 0) clearSelection();
 }
 
 void ListBox::paintEvent(QPaintEvent* event) {

@@ -91,9 +91,9 @@ QUrl UrlOf(const QString& target) {
 
 }  // namespace
 
-void QtMessages::Show(std::string_view text, std::string_view title) {
+void QtMessages::Show(std::string_view text, std::string_view title, MessageIcon icon) {
   if (silent_) return Tell(text);
-  Ask(text, title, 'i', QMessageBox::Ok);
+  Ask(text, title, icon == MessageIcon::kExclamation ? '!' : 'i', QMessageBox::Ok);
 }
 
 bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {

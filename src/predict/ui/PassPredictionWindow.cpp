@@ -6,11 +6,13 @@
 
 #include "platform/Doors.h"
 #include "platform/Messages.h"
+#include "platform/qt/Forms.h"
 #include "platform/qt/Widgets.h"
 #include "predict/ui/PassWindows.h"
 
 namespace kestrava::predict::ui {
 
+using platform::qt::ColourDefaultButton;
 using platform::qt::FromQt;
 using platform::qt::Named;
 using platform::qt::SkinButton;

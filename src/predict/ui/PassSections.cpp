@@ -5,13 +5,17 @@
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
-#include "platform/qt/ImageSurface.h"
+#include "platform/qt/Forms.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::predict::ui {
 
+using platform::qt::ColourDefaultButton;
 using platform::qt::ComboList;
+using platform::qt::EmboldenTitle;
+using platform::qt::LabelFor;
+using platform::qt::MakeButton;
 using platform::qt::Named;
 using platform::qt::SkinButton;
 using platform::qt::ToQt;
@@ -24,24 +28,8 @@ constexpr int kCalendarHeightPx = 176;
 constexpr int kInstantWidthPx = 640;
 constexpr int kListWidthPx = 150;
 constexpr int kListHeightPx = 60;
-constexpr int kButtonWidthPx = 92;
 constexpr int kPassesHeightPx = 110;
 constexpr int kBarWidthPx = 150;
-
-/// A label whose mnemonic leads to a control.
-QLabel* LabelFor(QWidget* control, const QString& text, QWidget* parent) {
-  auto* label = new QLabel(text, parent);
-  label->setBuddy(control);
-  control->setAccessibleName(QString(text).remove('&'));
-  return label;
-}
-
-SkinButton* Button(const char* name, const QString& text, const QString& hint, QWidget* parent) {
-  auto* button = Named(new SkinButton(text, parent), name, QString(text).remove('&').remove("..."));
-  button->setToolTip(hint);
-  button->setMinimumWidth(kButtonWidthPx);
-  return button;
-}
 
 QProgressBar* Bar(const char* name, const QString& accessibleName, QWidget* parent) {
   auto* bar = Named(new QProgressBar(parent), name, accessibleName);
@@ -84,7 +72,7 @@ void InstantSection::BuildChoices(QVBoxLayout& column) {
   favouriteName = Named(new ComboList(this), "FavouriteName");
   visOnly = Named(new QCheckBox(tr("Visible Passes &Only"), this), "CHvisOnly", tr("Visible Passes Only"));
   visOnly->setToolTip(tr("List only passes that can be seen by eye: the satellite in sunlight, you in twilight"));
-  calc = Button("BUTcalc", tr("Ca&lculate"), tr("Adds the passes of the chosen day to the list (Return)"), this);
+  calc = MakeButton("BUTcalc", tr("Ca&lculate"), tr("Adds the passes of the chosen day to the list (Return)"), this);
   ColourDefaultButton(*calc);
   column.addWidget(LabelFor(groupname, tr("Select &A Satellite..."), this));
   column.addWidget(groupname);
@@ -101,12 +89,12 @@ PresetSection::PresetSection(QWidget* parent) : QGroupBox(tr("Preset Predictions
   presets = Named(new platform::qt::ListBox(this), "ListPresets", tr("Saved jobs"));
   presets->SetHint(tr("No jobs yet. \"New...\" makes one: several satellites, several days."));
   presets->setMinimumSize(kListWidthPx, kListHeightPx);
-  go = Button("PresetGo", tr("&Go"), tr("Runs the selected job from the day of the calendar on"), this);
-  add = Button("PresetAdd", tr("&New..."), tr("Makes a job"), this);
-  edit = Button("BUTeditjob", tr("&Edit..."), tr("Takes the selected job into the wizard"), this);
-  remove = Button("PresetDelete", tr("&Delete"), tr("Deletes the selected job, without asking"), this);
-  stop = Button("BUTstop", tr("S&top"), tr("Ends the job or the sorting that runs, or the reading of a group (Escape)"),
-                this);
+  go = MakeButton("PresetGo", tr("&Go"), tr("Runs the selected job from the day of the calendar on"), this);
+  add = MakeButton("PresetAdd", tr("&New..."), tr("Makes a job"), this);
+  edit = MakeButton("BUTeditjob", tr("&Edit..."), tr("Takes the selected job into the wizard"), this);
+  remove = MakeButton("PresetDelete", tr("&Delete"), tr("Deletes the selected job, without asking"), this);
+  stop = MakeButton("BUTstop", tr("S&top"),
+                    tr("Ends the job or the sorting that runs, or the reading of a group (Escape)"), this);
   work = Bar("PROjob", tr("Progress of the job"), this);
   auto* buttons = new QVBoxLayout;
   buttons->setSpacing(kGapPx);
@@ -132,12 +120,12 @@ ResultSection::ResultSection(const PassTable& table, QWidget* parent) : QGroupBo
   status = Named(new QLabel(this), "IPstatus", tr("Status"));
   status->setWordWrap(true);
   status->setTextFormat(Qt::PlainText);
-  sortChron = Button("BUTsortChron", tr("&Sort by Time"), tr("Sorts the passes by their start"), this);
+  sortChron = MakeButton("BUTsortChron", tr("&Sort by Time"), tr("Sorts the passes by their start"), this);
   sorting = Bar("PROsorting", tr("Progress of the sorting"), this);
   sorting->setFixedWidth(kBarWidthPx);
-  clearResults = Button("BUTclearResults", tr("&Clear"), tr("Takes all passes off the list, without asking"), this);
-  saveResults = Button("BUTsaveresults", tr("Sa&ve..."), tr("Saves the list as a text file"), this);
-  print = Button("BUTprint", tr("&Print..."), tr("Prints the list"), this);
+  clearResults = MakeButton("BUTclearResults", tr("&Clear"), tr("Takes all passes off the list, without asking"), this);
+  saveResults = MakeButton("BUTsaveresults", tr("Sa&ve..."), tr("Saves the list as a text file"), this);
+  print = MakeButton("BUTprint", tr("&Print..."), tr("Prints the list"), this);
   auto* buttons = new QHBoxLayout;
   buttons->setSpacing(kGapPx);
   buttons->addWidget(sortChron);
@@ -152,14 +140,6 @@ ResultSection::ResultSection(const PassTable& table, QWidget* parent) : QGroupBo
   EmboldenTitle(*this);
 }
 
-void EmboldenTitle(QGroupBox& section) {
-  QFont font = QApplication::font();
-  font.setBold(true);
-  section.setFont(font);
-  font.setBold(false);
-  for (QWidget* child : section.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) child->setFont(font);
-}
-
 /// The toolkit writes weekends in a red that does not read on dark ground.
 void ColourCalendar(QCalendarWidget& calendar) {
   QTextCharFormat plain;
@@ -169,12 +149,6 @@ void ColourCalendar(QCalendarWidget& calendar) {
   for (int day = Qt::Monday; day <= Qt::Sunday; ++day) {
     calendar.setWeekdayTextFormat(static_cast<Qt::DayOfWeek>(day), day >= Qt::Saturday ? weekend : plain);
   }
-}
-
-void ColourDefaultButton(platform::qt::SkinButton& button) {
-  const QColor face =
-      platform::qt::SkinIsOn() ? platform::qt::Tones().accent : QApplication::palette().color(QPalette::Highlight);
-  button.SetBackColour(platform::qt::FromRgb(face.rgb()));
 }
 
 }  // namespace kestrava::predict::ui

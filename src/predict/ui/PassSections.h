@@ -61,11 +61,7 @@ class ResultSection : public QGroupBox {
   platform::qt::SkinButton* print = nullptr;
 };
 
-/// The title of a section in bold, and nothing in it. Called when all its controls are there.
-void EmboldenTitle(QGroupBox& section);
 /// The day's tones follow the look that holds.
 void ColourCalendar(QCalendarWidget& calendar);
-/// The button that Return presses stands out.
-void ColourDefaultButton(platform::qt::SkinButton& button);
 
 }  // namespace kestrava::predict::ui

@@ -8,18 +8,20 @@
 
 #include "platform/Doors.h"
 #include "platform/Messages.h"
+#include "platform/qt/Forms.h"
 #include "platform/qt/Widgets.h"
 #include "predict/PassPrediction.h"
 #include "predict/ui/PassWindows.h"
 
-#include "PassSections.h"
-
 namespace kestrava::predict::ui {
 
+using platform::qt::ColourDefaultButton;
 using platform::qt::ComboList;
+using platform::qt::EmboldenTitle;
 using platform::qt::FromQt;
+using platform::qt::LabelFor;
+using platform::qt::MakeButton;
 using platform::qt::Named;
-using platform::qt::SkinButton;
 using platform::qt::ToQt;
 
 namespace {
@@ -28,16 +30,12 @@ constexpr int kWidthPx = 760;
 constexpr int kHeightPx = 470;
 constexpr int kMarginPx = 10;
 constexpr int kGapPx = 6;
-constexpr int kButtonWidthPx = 92;
 constexpr int kDaysWidthPx = 70;
 constexpr int kListHeightPx = 70;
 constexpr int kHelpWidthPx = 200;
 
 void AddLabelled(QGridLayout& grid, int row, const QString& text, QWidget* control) {
-  auto* label = new QLabel(text, control->parentWidget());
-  label->setBuddy(control);
-  control->setAccessibleName(QString(text).remove('&'));
-  grid.addWidget(label, row, 0);
+  grid.addWidget(LabelFor(control, text, control->parentWidget()), row, 0);
   grid.addWidget(control, row, 1);
 }
 
@@ -99,8 +97,8 @@ void PassWizardWindow::BuildSatellites(QVBoxLayout& column) {
   satList_ = Named(new platform::qt::ListBox(box), "SatList");
   satList_->SetHint(tr("None chosen yet"));
   satList_->setMinimumHeight(kListHeightPx);
-  add_ = MakeButton("BUTadd", tr("&Add"), tr("Adds the chosen satellite to the list"));
-  remove_ = MakeButton("BUTremove", tr("&Remove"), tr("Takes the selected satellite off the list"));
+  add_ = MakeButton("BUTadd", tr("&Add"), tr("Adds the chosen satellite to the list"), this);
+  remove_ = MakeButton("BUTremove", tr("&Remove"), tr("Takes the selected satellite off the list"), this);
   auto* grid = new QGridLayout(box);
   grid->setColumnStretch(1, 1);
   AddLabelled(*grid, 0, tr("&Group Name"), group_);
@@ -135,8 +133,8 @@ QWidget* PassWizardWindow::BuildHelp() {
 
 QWidget* PassWizardWindow::BuildFoot() {
   auto* foot = new QWidget(this);
-  saveJob_ = MakeButton("BUTSaveJob", tr("Save &this Job"), tr("Adds the job to the list of presets (Return)"));
-  cancel_ = MakeButton("BUTcancel", tr("&Cancel"), tr("Closes the wizard; what stands here is lost (Escape)"));
+  saveJob_ = MakeButton("BUTSaveJob", tr("Save &this Job"), tr("Adds the job to the list of presets (Return)"), this);
+  cancel_ = MakeButton("BUTcancel", tr("&Cancel"), tr("Closes the wizard; what stands here is lost (Escape)"), this);
   ColourDefaultButton(*saveJob_);
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(0, 0, 0, 0);
@@ -144,13 +142,6 @@ QWidget* PassWizardWindow::BuildFoot() {
   row->addWidget(saveJob_);
   row->addWidget(cancel_);
   return foot;
-}
-
-SkinButton* PassWizardWindow::MakeButton(const char* name, const QString& text, const QString& hint) {
-  auto* button = Named(new SkinButton(text, this), name, QString(text).remove('&'));
-  button->setToolTip(hint);
-  button->setMinimumWidth(kButtonWidthPx);
-  return button;
 }
 
 void PassWizardWindow::ConnectSignals() {

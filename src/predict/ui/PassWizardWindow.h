@@ -40,7 +40,6 @@ class PassWizardWindow : public platform::qt::StationWindow, public PassWizardVi
   QWidget* BuildFoot();
   void ConnectSignals();
   void OnClick(QAbstractButton* button, const char* what, Deed deed);
-  platform::qt::SkinButton* MakeButton(const char* name, const QString& text, const QString& hint);
 
   // PassWizardView
   void PlaceByPassWindow(int offsetTwips) override;

@@ -30,7 +30,7 @@ class GroupsView {
  public:
   virtual ~GroupsView() = default;
   virtual void ApplySkin() = 0;
-  virtual SelectListControl& GroupList() = 0;
+  virtual platform::ListBoxControl& GroupList() = 0;
   virtual TickListControl& SatelliteList() = 0;
   virtual platform::ComboControl& COMCelestrak() = 0;
   virtual void SetDetails(std::string_view text) = 0;

@@ -31,7 +31,7 @@ class MainSettingsView {
   virtual SliderControl& Slider(MainSlider slider) = 0;
   /// Chooses one of OPclocks: 0 off, 1 local, 2 universal. That is no click.
   virtual void SetClocks(int index) = 0;
-  virtual PickListControl& VoiceSelect() = 0;
+  virtual platform::ComboControl& VoiceSelect() = 0;
   virtual platform::ComboControl& CBOstart() = 0;
   virtual platform::ComboControl& CBOevery() = 0;
   virtual std::string WavFolder() const = 0;  ///< LAWxWavDir

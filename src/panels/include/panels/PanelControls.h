@@ -9,32 +9,14 @@
 
 namespace kestrava::panels {
 
-/// A list box whose selection can be set. Rows count from 0.
-class SelectListControl : public platform::ListBoxControl {
- public:
-  virtual void Clear() = 0;
-  /// That is no click: nothing runs by it. -1 selects nothing.
-  virtual void Select(int row) = 0;
-};
-
 /// A list box whose rows have tick boxes, and of which a filter hides rows.
-class TickListControl : public SelectListControl {
+class TickListControl : public virtual platform::ListBoxControl {
  public:
   virtual bool IsTicked(int row) const = 0;
   /// Where the state changes this runs the tick event, as a user's tick does.
   virtual void SetTicked(int row, bool ticked) = 0;
   virtual bool IsShown(int row) const = 0;
   virtual void SetShown(int row, bool shown) = 0;
-};
-
-/// A combo list that is asked for the place of its choice. Clear takes that away.
-class PickListControl : public platform::ComboControl {
- public:
-  /// -1: none of the entries.
-  virtual int Index() const = 0;
-  /// Chooses an entry. That is no click: nothing runs by it.
-  /// @throws platform::Fault "Subscript out of range"
-  virtual void SetIndex(int index) = 0;
 };
 
 class CheckControl {

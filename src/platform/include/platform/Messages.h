@@ -9,11 +9,15 @@ namespace kestrava::platform {
 
 inline constexpr std::string_view kProgramTitle = "Kestrava";
 
+/// The sign beside a message.
+enum class MessageIcon { kInformation, kExclamation };
+
 class Messages {
  public:
   virtual ~Messages() = default;
   /// A message with OK. Returns when it has been read.
-  virtual void Show(std::string_view text, std::string_view title = kProgramTitle) = 0;
+  virtual void Show(std::string_view text, std::string_view title = kProgramTitle,
+                    MessageIcon icon = MessageIcon::kInformation) = 0;
   /// A question with Yes and No. @return true for Yes
   virtual bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) = 0;
 };

@@ -8,7 +8,8 @@
 
 namespace kestrava::platform::qt {
 
-/// Shows a prompt until an entry is chosen. What the user chooses, also anew, is told by the signal `activated`.
+/// Shows a prompt until an entry is chosen. What the user chooses, also anew, is told by the signal `activated`. One
+/// that is made editable takes any text.
 class ComboList : public QComboBox, public ComboControl {
   Q_OBJECT
 
@@ -19,9 +20,11 @@ class ComboList : public QComboBox, public ComboControl {
   void Add(std::string_view entry) override;
   std::string Text() const override;
   void SetText(std::string_view text) override;
+  int Index() const override { return currentIndex(); }
+  void SetIndex(int index) override;
 };
 
-class ListBox : public QListWidget, public ListBoxControl {
+class ListBox : public QListWidget, public virtual ListBoxControl {
   Q_OBJECT
 
  public:
@@ -29,17 +32,26 @@ class ListBox : public QListWidget, public ListBoxControl {
   /// What stands in the middle of an empty list.
   void SetHint(const QString& hint) { hint_ = hint; }
 
+  void Clear() override;
   void Add(std::string_view row) override;
   void Remove(int row) override;
   int Count() const override { return count(); }
   std::string Row(int row) const override;
   int Selected() const override;
+  void Select(int row) override;
+
+ signals:
+  /// The user has selected a row by mouse or keys, or clicked on the selected one. Nothing that code does tells this.
+  void Chosen(int row);
 
  protected:
+  void mousePressEvent(QMouseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   QString hint_;
+  bool byCode_ = false;
+  int selectedAtPress_ = -1;
 };
 
 /// A hint in the middle of a list's empty area.

@@ -15,7 +15,8 @@ namespace kestrava::platform::qt {
 
 class QtMessages : public Messages {
  public:
-  void Show(std::string_view text, std::string_view title = kProgramTitle) override;
+  void Show(std::string_view text, std::string_view title = kProgramTitle,
+            MessageIcon icon = MessageIcon::kInformation) override;
   bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) override;
   /// From now on a message goes to the error stream, and a question is answered with No: the run is ending, and no box
   /// is to hold it up.

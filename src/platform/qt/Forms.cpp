@@ -1,0 +1,55 @@
+#include "platform/qt/Forms.h"
+
+#include <QApplication>
+
+#include "platform/qt/ImageSurface.h"
+#include "platform/qt/Theme.h"
+#include "platform/qt/Widgets.h"
+
+namespace kestrava::platform::qt {
+
+namespace {
+
+constexpr int kButtonWidthPx = 92;
+
+}  // namespace
+
+QLabel* LabelFor(QWidget* control, const QString& text, QWidget* parent) {
+  auto* label = new QLabel(text, parent);
+  label->setBuddy(control);
+  control->setAccessibleName(QString(text).remove('&'));
+  return label;
+}
+
+SkinButton* MakeButton(const char* name, const QString& text, const QString& hint, QWidget* parent) {
+  auto* button = Named(new SkinButton(text, parent), name, QString(text).remove('&').remove("..."));
+  button->setToolTip(hint);
+  button->setMinimumWidth(kButtonWidthPx);
+  return button;
+}
+
+void EmboldenTitle(QGroupBox& section) {
+  QFont font = QApplication::font();
+  font.setBold(true);
+  section.setFont(font);
+  font.setBold(false);
+  for (QWidget* child : section.findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) child->setFont(font);
+}
+
+void ColourDefaultButton(SkinButton& button) {
+  const QColor face = SkinIsOn() ? Tones().accent : QApplication::palette().color(QPalette::Highlight);
+  button.SetBackColour(FromRgb(face.rgb()));
+}
+
+QScrollArea* ScrollingArea(QWidget* content, QWidget* parent) {
+  auto* area = new QScrollArea(parent);
+  area->setWidget(content);
+  area->setWidgetResizable(true);
+  area->setFrameShape(QFrame::NoFrame);
+  area->setFocusPolicy(Qt::NoFocus);
+  area->viewport()->setAutoFillBackground(false);
+  content->setAutoFillBackground(false);
+  return area;
+}
+
+}  // namespace kestrava::platform::qt
