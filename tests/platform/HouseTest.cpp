@@ -16,7 +16,8 @@ using kestrava::testing::ScriptedHouse;
 using kestrava::testing::ScriptedMessages;
 
 TEST(ScriptedMessageBoxes, AnUnexpectedMessageFailsTheTest) {
-  EXPECT_NONFATAL_FAILURE(ScriptedMessages().Show("Disk full", "Kestrava"), "unexpected message: \"Disk full\"");
+  EXPECT_NONFATAL_FAILURE(ScriptedMessages().Show("Disk full", "Kestrava", MessageIcon::kInformation),
+                          "unexpected message: \"Disk full\"");
   EXPECT_NONFATAL_FAILURE(ScriptedMessages().AskYesNo("Sure?", "Kestrava"), "unexpected question");
 }
 
@@ -29,9 +30,9 @@ TEST(ScriptedMessageBoxes, AnAnswerThatNobodyAskedForFailsTheTest) {
 TEST(ScriptedMessageBoxes, AnotherTextOrKindThanScriptedFailsTheTest) {
   static ScriptedMessages messages;
   messages.ExpectMessage("Disk full");
-  EXPECT_NONFATAL_FAILURE(messages.Show("Disk empty", "Kestrava"), "expected a message");
+  EXPECT_NONFATAL_FAILURE(messages.Show("Disk empty", "Kestrava", MessageIcon::kInformation), "expected a message");
   messages.ExpectQuestion("Sure?", true);
-  EXPECT_NONFATAL_FAILURE(messages.Show("Sure?", "Kestrava"), "expected a question");
+  EXPECT_NONFATAL_FAILURE(messages.Show("Sure?", "Kestrava", MessageIcon::kInformation), "expected a question");
 }
 
 TEST(ScriptedMessageBoxes, AnswersComeInTheirOrder) {
