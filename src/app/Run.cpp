@@ -133,7 +133,7 @@ bool Application::notify(QObject* receiver, QEvent* event) {
 
 int Run(const CommandLine& commandLine) {
   Machine machine;
-  const platform::EndSignals endSignals;
+  platform::EndSignals endSignals;
   QSocketNotifier endWanted(endSignals.Descriptor(), QSocketNotifier::Read);
   QObject::connect(&endWanted, &QSocketNotifier::activated, &endWanted, [&] {
     endWanted.setEnabled(false);
@@ -150,7 +150,9 @@ int Run(const CommandLine& commandLine) {
   std::unique_ptr<Tour> tour;
   if (!commandLine.tourFolder.empty()) tour = std::make_unique<Tour>(commandLine.tourFolder, names);
   machine.windows->Show(shell::ui::kSplashName);
-  const int exitCode = machine.eventLoop.Run();
+  int exitCode = machine.eventLoop.Run();
+  // A tour ends once and for all, and an end that the system wants goes before a new start.
+  if (exitCode == shell::kStartAnewCode && (tour || endSignals.End())) exitCode = 0;
   return tour && !tour->Complete() ? shell::kFatalExitCode : exitCode;
 }
 

@@ -15,7 +15,7 @@ class Application : public QApplication {
   bool notify(QObject* receiver, QEvent* event) override;
 };
 
-/// @return the process's exit code
+/// @return the process's exit code, or shell::kStartAnewCode: the program is to be started again
 int Run(const CommandLine& commandLine);
 
 }  // namespace kestrava::app

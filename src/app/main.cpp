@@ -6,7 +6,9 @@
 #include <exception>
 
 #include "platform/Version.h"
+#include "platform/linux/OwnStart.h"
 #include "shell/FatalFault.h"
+#include "shell/Shutdown.h"
 
 #include "Run.h"
 #include "Terminal.h"
@@ -30,12 +32,8 @@ int TellFailure(const char* what) {
   return kestrava::shell::kFatalExitCode;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a disk that is full, not the end of the process
-  if (const auto answered = kestrava::app::AnswerInTerminal(argc, argv)) return *answered;
-  NameTheProgram();
+/// One run with windows. No object of the toolkit is left behind it.
+int RunWindows(int argc, char** argv) {
   kestrava::app::Application application(argc, argv);
   const auto commandLine = kestrava::app::ReadCommandLine(application);
   if (!commandLine) return 2;
@@ -45,4 +43,25 @@ int main(int argc, char** argv) {
   } catch (const std::exception& failure) {
     return TellFailure(failure.what());
   }
+}
+
+int StartAnew(kestrava::platform::OwnStart& ownStart) {
+  try {
+    ownStart.Again();
+  } catch (const std::exception& failure) {
+    std::fprintf(stderr, "kestrava: everything is stored, but the program could not be started anew: %s\n",
+                 failure.what());
+  }
+  return kestrava::shell::kFatalExitCode;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  kestrava::platform::OwnStart ownStart(argc, argv);
+  std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a disk that is full, not the end of the process
+  if (const auto answered = kestrava::app::AnswerInTerminal(argc, argv)) return *answered;
+  NameTheProgram();
+  const int exitCode = RunWindows(argc, argv);
+  return exitCode == kestrava::shell::kStartAnewCode ? StartAnew(ownStart) : exitCode;
 }

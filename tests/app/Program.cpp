@@ -19,17 +19,15 @@ namespace {
 
 constexpr int kPatienceMs = 60000;
 
-[[noreturn]] void Become(const std::filesystem::path& home, const std::vector<std::string>& arguments, int output) {
+[[noreturn]] void Become(const std::filesystem::path& home, const std::vector<std::string>& words, int output) {
   ::dup2(output, STDOUT_FILENO);
   ::dup2(::open("/dev/null", O_WRONLY), STDERR_FILENO);
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   ::setenv("XDG_CONFIG_HOME", (home / "config").c_str(), 1);
   ::setenv("XDG_DATA_HOME", (home / "share").c_str(), 1);
   ::setenv("XDG_RUNTIME_DIR", (home / "runtime").c_str(), 1);
-  std::vector<std::string> words{KESTRAVA_PROGRAM};
-  words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<char*> argv;
-  for (std::string& word : words) argv.push_back(word.data());
+  for (const std::string& word : words) argv.push_back(const_cast<char*>(word.c_str()));
   argv.push_back(nullptr);
   ::execv(argv[0], argv.data());
   ::_exit(127);
@@ -80,13 +78,16 @@ bool FolderWatch::WaitForMany(int count) {
   return true;
 }
 
-Program::Program(const std::filesystem::path& home, const std::vector<std::string>& arguments) {
+Program::Program(const std::filesystem::path& home, const std::vector<std::string>& arguments,
+                 const std::string& program) {
+  std::vector<std::string> words{program};
+  words.insert(words.end(), arguments.begin(), arguments.end());
   std::filesystem::create_directories(home / "runtime");
   std::filesystem::permissions(home / "runtime", std::filesystem::perms::owner_all);
   std::array<int, 2> ends{};
   if (::pipe2(ends.data(), O_CLOEXEC) != 0) throw std::runtime_error("no pipe");
   pid_ = ::fork();
-  if (pid_ == 0) Become(home, arguments, ends[1]);
+  if (pid_ == 0) Become(home, words, ends[1]);
   ::close(ends[1]);
   output_ = ends[0];
 }
@@ -103,19 +104,28 @@ void Program::Send(int signal) const {
   ::kill(pid_, signal);
 }
 
-bool Program::WaitForLineEndingIn(const std::string& text) {
+std::optional<std::string> Program::NextLine() {
   std::string line;
   char c = 0;
   while (::read(output_, &c, 1) == 1) {
-    if (c != '\n') {
-      line += c;
-    } else if (line.size() >= text.size() && line.compare(line.size() - text.size(), text.size(), text) == 0) {
-      return true;
-    } else {
-      line.clear();
-    }
+    if (c == '\n') return line;
+    line += c;
+  }
+  return std::nullopt;
+}
+
+bool Program::WaitForLineEndingIn(const std::string& text) {
+  while (const auto line = NextLine()) {
+    if (line->ends_with(text)) return true;
   }
   return false;
+}
+
+std::string Program::LineBeginningWith(const std::string& text) {
+  while (auto line = NextLine()) {
+    if (line->starts_with(text)) return *line;
+  }
+  return {};
 }
 
 void Program::Pause() {

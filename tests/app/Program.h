@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,7 +37,8 @@ class FolderWatch {
 class Program {
  public:
   /// @param home  where its settings go; @param arguments  behind its name
-  Program(const std::filesystem::path& home, const std::vector<std::string>& arguments);
+  Program(const std::filesystem::path& home, const std::vector<std::string>& arguments,
+          const std::string& program = KESTRAVA_PROGRAM);
   ~Program();
   Program(const Program&) = delete;
   Program& operator=(const Program&) = delete;
@@ -44,6 +46,8 @@ class Program {
   void Send(int signal) const;
   /// Reads what it says until a line ends so. @return false if it ends before
   bool WaitForLineEndingIn(const std::string& text);
+  /// Reads what it says until a line begins so. @return that line, empty if it ends before
+  std::string LineBeginningWith(const std::string& text);
   /// Stops it, so that signals sent now arrive together when it goes on.
   void Pause();
   void GoOn() const;
@@ -51,6 +55,9 @@ class Program {
   std::string End();
 
  private:
+  /// @return its next line, none at its end
+  std::optional<std::string> NextLine();
+
   pid_t pid_ = -1;
   int output_ = -1;
 };

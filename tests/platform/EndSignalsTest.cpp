@@ -43,6 +43,16 @@ TEST(EndSignalsTest, WhatTheProcessIsToIgnoreStaysIgnored) {
   std::signal(SIGHUP, SIG_DFL);
 }
 
+TEST(EndSignalsTest, TheirEndTellsWhetherOneHadCome) {
+  EndSignals none;
+  EXPECT_FALSE(none.End());
+  EXPECT_EQ(EffectOf(SIGTERM), SIG_DFL);
+  EndSignals one;
+  std::raise(SIGTERM);
+  EXPECT_TRUE(one.End());
+  EXPECT_TRUE(one.End());
+}
+
 TEST(EndSignalsTest, AfterItsEndTheyHaveTheirUsualEffect) {
   { const EndSignals signals; }
   EXPECT_EQ(EffectOf(SIGTERM), SIG_DFL);

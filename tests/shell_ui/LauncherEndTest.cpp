@@ -1,12 +1,11 @@
 #include <QAction>
 #include <QMenu>
 
-#include "predict/JobWindows.h"
 #include "predict/PassWizard.h"
 #include "views2d/ui/WorldView.h"
 
+#include "FilledWizard.h"
 #include "ShellWindows.h"
-#include "support/RecordingChoices.h"
 
 namespace kestrava::shell::ui {
 namespace {
@@ -34,32 +33,6 @@ TEST_F(LauncherEnd, NoOtherWindowsClosingEndsTheRun) {
   EXPECT_EQ(eventLoop.ExitCode(), std::nullopt);
   EXPECT_EQ(LoadedNames(), Strings{"frmLAUNCHER"});
 }
-
-/// A job wizard with a name in its form.
-class FilledWizard : public TaggedStub, public predict::JobEditor, private predict::PassWizardView {
- public:
-  predict::PassWizard& Wizard() override { return wizard_; }
-
- private:
-  void PlaceByPassWindow(int) override {}
-  void ApplySkin() override {}
-  void EndWindow() override {}
-  platform::ComboControl& COMgroup() override { return combo_; }
-  platform::ComboControl& COMsatname() override { return combo_; }
-  platform::ListBoxControl& SatList() override { return list_; }
-  std::string Tname() const override { return "Week"; }
-  void SetTname(std::string_view) override {}
-  std::string Tnumofdays() const override { return {}; }
-  void SetTnumofdays(std::string_view) override {}
-  bool CHsave() const override { return false; }
-  void SetCHsave(bool) override {}
-  bool CHprint() const override { return false; }
-  void SetCHprint(bool) override {}
-
-  testing::RecordingCombo combo_;
-  testing::RecordingListBox list_;
-  predict::PassWizard wizard_{orbit::TheTables(), *this};
-};
 
 TEST_F(LauncherEnd, AJobInTheWizardIsAskedForAndNoKeepsTheRun) {
   windows->Register(predict::kWizardWindow, [] { return std::make_unique<FilledWizard>(); });

@@ -5,6 +5,7 @@
 #include <csignal>
 
 #include <fcntl.h>
+#include <poll.h>
 #include <unistd.h>
 
 #include "AtomicFile.h"
@@ -57,6 +58,12 @@ EndSignals::EndSignals() {
       ::sigaction(kEndSignals[i], &wanted, nullptr);
     }
   }
+}
+
+bool EndSignals::End() {
+  UseUsualEffects();
+  pollfd wanted{readEnd_, POLLIN, 0};
+  return ::poll(&wanted, 1, 0) == 1;
 }
 
 EndSignals::~EndSignals() {

@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "platform/Doors.h"
+#include "platform/Settings.h"
 #include "platform/Speech.h"
 #include "platform/qt/ImageSurface.h"
 #include "platform/qt/QtSkin.h"
@@ -19,6 +20,7 @@ namespace {
 
 constexpr int kGreatestSidePx = 16383;
 constexpr int kFarthestPx = 1 << 24;
+constexpr const char* kSkinnedProperty = "skinned";  // the window has asked for its skin
 
 /// The window that was last told that the user has come to it.
 QPointer<QWidget>& LastActivated() {
@@ -114,6 +116,11 @@ void StationWindow::Unload() {
 }
 
 void StationWindow::ApplySkin() {
+  setProperty(kSkinnedProperty, true);
+  if (skin_->Applied() && !ReadSwitch("Skin", "1")) {
+    skin_ = std::make_unique<QtSkin>(*this);
+    setPalette({});
+  }
   LoadSkin(*this, *skin_);
   update();
 }
@@ -132,6 +139,10 @@ void StationWindow::NoteDeactivation() {
 
 bool StationWindow::event(QEvent* event) {
   const bool handled = QWidget::event(event);
+  if (event->type() == QEvent::StyleChange && property(kSkinnedProperty).toBool() &&
+      skin_->Applied() != ReadSwitch("Skin", "1")) {
+    ApplySkin();
+  }
   if (event->type() == QEvent::WindowDeactivate) NoteDeactivation();
   if (event->type() == QEvent::WindowActivate && isVisible()) {
     const bool backFromOwnBox = leftForOwnBox_ && LastActivated() == this;

@@ -1,15 +1,18 @@
 #include "shell/ui/LauncherWindow.h"
 
 #include <QLabel>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
+#include "platform/Settings.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
+#include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 #include "predict/JobWindows.h"
 #include "shell/FloppyTransfer.h"
@@ -35,16 +38,28 @@ constexpr int kTimer1Ms = 1000;
 constexpr int kTextPoints = 8;
 constexpr int kGapPixels = 6;
 
+/// All open windows follow the theme by themselves.
+void FollowSkinSetting() {
+  if (platform::qt::SkinIsOn() != platform::ReadSwitch("Skin", "1")) platform::qt::ApplyThemeFromSettings();
+}
+
 }  // namespace
 
 LauncherWindow::LauncherWindow(LauncherSetup setup)
     : StationWindow(kLauncherName), shipped_(setup.shipped), launcher_(*this, orbit::TheTables(), std::move(setup)) {
   BuildUi();
   ConnectSignals();
-  Refresh();
+  ShowLook();
 }
 
-LauncherWindow::~LauncherWindow() = default;
+LauncherWindow::~LauncherWindow() {
+  LeaveHub();
+}
+
+/// From here on nobody asks this window for anything.
+void LauncherWindow::LeaveHub() {
+  if (&station::TheHub() == this) station::UseHub(nullptr);
+}
 
 void LauncherWindow::BuildUi() {
   setWindowFlags(Qt::Window | Qt::WindowTitleHint | Qt::WindowSystemMenuHint | Qt::WindowMinimizeButtonHint |
@@ -127,7 +142,7 @@ void LauncherWindow::ConnectSignals() {
   findChild<QAbstractButton*>(ArrayName("BUTmenu", 0))->setFocus();
 }
 
-void LauncherWindow::Refresh() {
+void LauncherWindow::ShowLook() {
   for (const LauncherButton& entry : LauncherButtons()) {
     auto* button = findChild<QAbstractButton*>(ArrayName("BUTmenu", entry.index));
     button->setEnabled(IsUsable(entry, platform::TheWindows()));
@@ -147,6 +162,7 @@ void LauncherWindow::FitPanel() {
 void LauncherWindow::Show() {
   if (!loaded_) {
     loaded_ = true;
+    station::UseHub(this);
     launcher_.Load();
   }
   if (!closing_) StationWindow::Show();
@@ -155,12 +171,40 @@ void LauncherWindow::Show() {
 void LauncherWindow::OnActivated() {
   if (closing_) return;
   try {
-    Refresh();
+    FollowSkinSetting();
+    ShowLook();
     launcher_.Activate();
     started_ = true;
   } catch (const platform::Fault& fault) {
     EndByFault(fault);
   }
+}
+
+/// Before the first activation there is nothing to do: that one reads everything afresh, and takes the splash away when
+/// the window itself stands.
+void LauncherWindow::RunActivation() {
+  if (started_) platform::RunUntrapped("The update of the launcher", [this] { OnActivated(); });
+}
+
+void LauncherWindow::Refresh() {
+  if (closing_ || !started_) return;
+  FollowSkinSetting();
+  ShowLook();
+  launcher_.ShowClockMode();
+}
+
+void LauncherWindow::StartAnew() {
+  platform::TheEventLoop().Later([launcher = QPointer(this)] {
+    if (launcher) launcher->EndToStartAnew();
+  });
+}
+
+/// The window closes as by its user, who may be asked and may refuse: then the run goes on.
+void LauncherWindow::EndToStartAnew() {
+  if (closing_ || !started_) return;
+  startsAnew_ = true;
+  close();
+  startsAnew_ = closing_;
 }
 
 /// One message, then the end of the run in order.
@@ -192,10 +236,12 @@ void LauncherWindow::UnloadSelf() {
 /// The end of this window is the end of the run. A run that never came to work ends with a failure.
 void LauncherWindow::OnUnload() {
   closing_ = true;
+  LeaveHub();
   timer1_->SetEnabled(false);
   StationWindow::OnUnload();
   launcher_.Unload();
-  platform::TheEventLoop().Quit(started_ ? 0 : kFatalExitCode);
+  const int orderly = startsAnew_ ? kStartAnewCode : 0;
+  platform::TheEventLoop().Quit(started_ ? orderly : kFatalExitCode);
 }
 
 void LauncherWindow::ClickMenuButton(int index) {

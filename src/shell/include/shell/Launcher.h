@@ -46,6 +46,9 @@ class Launcher {
   /// @throws platform::Fault untrapped: that is the end of the run, see ReportFatal
   void Activate();
 
+  /// The clock as LEDclocks wants it: the last step of the activation.
+  void ShowClockMode();
+
   /// Every second: the launcher's clock shows only while the launcher is alone.
   void Timer1Tick();
 
@@ -77,7 +80,6 @@ class Launcher {
   void ShowElementAge();
   void SetObserver();
   void ShowSunTimes();
-  void ShowClockMode();
   double ReadAngle(std::string_view key);
 
   LauncherView& view_;

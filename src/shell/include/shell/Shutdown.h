@@ -15,6 +15,8 @@ namespace kestrava::shell {
 
 inline constexpr std::string_view kLauncherName = "frmLAUNCHER";
 inline constexpr int kClosePasses = 32000;
+/// The event loop is left with this code where the run is to begin anew. No process ends with it.
+inline constexpr int kStartAnewCode = -1;
 
 /// Unloads every window but the launcher, again and again with a yield after each, until no other is loaded. Gives up
 /// with a message after kClosePasses passes. No fault leaves it.

@@ -16,6 +16,8 @@ class EndSignals {
   EndSignals& operator=(const EndSignals&) = delete;
 
   int Descriptor() const { return readEnd_; }
+  /// Gives the signals their usual effects for good. @return true if one had come before
+  bool End();
 
  private:
   int readEnd_ = -1;

@@ -7,6 +7,7 @@
 #include "platform/EventLoop.h"
 #include "platform/qt/StationWindow.h"
 #include "shell/Launcher.h"
+#include "station/Hub.h"
 
 class QLabel;
 class QVBoxLayout;
@@ -19,7 +20,7 @@ namespace kestrava::shell::ui {
 
 class PictureLink;
 
-class LauncherWindow : public platform::qt::StationWindow, private LauncherView {
+class LauncherWindow : public platform::qt::StationWindow, private LauncherView, private station::Hub {
  public:
   explicit LauncherWindow(LauncherSetup setup);
   ~LauncherWindow() override;
@@ -40,11 +41,17 @@ class LauncherWindow : public platform::qt::StationWindow, private LauncherView 
   void BuildFoot(QVBoxLayout& column);
   QLabel* MakeLabel(LauncherLabel which, int lines);
   void ConnectSignals();
-  void Refresh();
+  void ShowLook();
   void FitPanel();
   void ClickMenuButton(int index);
   void PopUp(std::string_view menu);
   void EndByFault(const platform::Fault& fault);
+  void EndToStartAnew();
+  void LeaveHub();
+
+  void RunActivation() override;
+  void Refresh() override;
+  void StartAnew() override;
 
   void SetCaption(std::string_view text) override;
   void SetLabel(LauncherLabel label, std::string_view text) override;
@@ -62,6 +69,7 @@ class LauncherWindow : public platform::qt::StationWindow, private LauncherView 
   bool loaded_ = false;   ///< the load has begun
   bool started_ = false;  ///< an activation has come to its end
   bool closing_ = false;
+  bool startsAnew_ = false;  ///< the end that is under way is to be followed by a new start
 };
 
 /// Object names and title of the three windows that belong to it.
