@@ -1,5 +1,7 @@
 #include "RegisterWindows.h"
 
+#include "panels/GroupsPanel.h"
+#include "panels/ui/PanelWindows.h"
 #include "platform/qt/TextViewer.h"
 #include "predict/PassPrediction.h"
 #include "predict/PassWizard.h"
@@ -36,6 +38,7 @@ std::vector<std::string> RegisterWindows(platform::Windows& windows, const shell
       {views2d::ui::kTableViewName, views2d::ui::MakeTableView},
       {predict::kPassWindow, predict::ui::MakePassPredictionWindow},
       {predict::kWizardWindow, predict::ui::MakePassWizardWindow},
+      {panels::kGroupsWindow, panels::ui::MakeGroupsWindow},
       {kAboutName, Makes<AboutWindow>()},
       {kSystemInformationName, [sources] { return std::make_unique<SystemInformationWindow>(sources); }},
       {platform::qt::TextViewer::kName, Makes<platform::qt::TextViewer>()},

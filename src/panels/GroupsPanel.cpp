@@ -120,6 +120,7 @@ void GroupsPanel::ListGroup(const orbit::GroupRec& group) {
   list.Clear();
   const std::vector<std::string> names = store::ListSatellites(file, kListTrap);
   if (!open_ || listing != listings_) return;  // closed, or another group chosen, while the file was read
+  userTicks_ = false;                          // a button that is still down on the list means none of these ticks
   for (const std::string& name : names) list.Add(name);
   for (int row = 0; row < list.Count(); ++row) {
     if (store::InFaves(tables_, list.Row(row))) list.SetTicked(row, true);
@@ -168,17 +169,22 @@ std::string GroupsPanel::ChosenSatellite() {
 void GroupsPanel::SatelliteClicked() {
   const std::string name = ChosenSatellite();
   if (name.empty()) return;
+  detailsOf_ = name;
   details_ = store::SatelliteDataFunc(name);
   if (details_.empty()) details_ = kNoDetails;
   view_.SetDetails(details_);
 }
 
+bool GroupsPanel::DetailsOffer() const {
+  return platform::BeginsWith(details_, kNoDetailsStart);
+}
+
 void GroupsPanel::DetailsClicked() {
-  if (!platform::BeginsWith(details_, kNoDetailsStart)) return;
+  if (!DetailsOffer()) return;
   const FaultTrap trap{"GroupsCON - DetailsClick"};
   trap([&] {
     OrSorry([&] {
-      const std::string name = platform::ReplaceAll(ChosenSatellite(), " ", "_");
+      const std::string name = platform::ReplaceAll(detailsOf_, " ", "_");
       const std::string address = platform::endpoints::MailAddress("Satellite Info Request for " + name);
       CheckOwned(address);
       TheMessages().Show(kRequest);

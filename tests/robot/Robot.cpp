@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialog>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QListWidget>
@@ -12,6 +13,7 @@
 #include <QSlider>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include "platform/Doors.h"
@@ -94,9 +96,21 @@ void Robot::Act() {
   ClosePopUps();
 }
 
+/// An input box waits in a loop of its own, which a timer reaches: it is answered, or cancelled.
+void Robot::AnswerAnInputBox() {
+  auto* box = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+  if (!box) return;
+  if (auto* line = box->findChild<QLineEdit*>()) QTest::keyClicks(line, "a, b");
+  Below(3) == 0 ? box->reject() : box->accept();
+}
+
 void Robot::Do(const std::string& deed, const std::function<void()>& work) {
   lastDeed_ = deed;
+  QTimer answers;
+  QObject::connect(&answers, &QTimer::timeout, &answers, [this] { AnswerAnInputBox(); });
+  answers.start(0);
   station_.Loop().RunEvent(work);
+  answers.stop();
   station_.Loop().RunEvent([] { QCoreApplication::processEvents(); });
 }
 
@@ -242,8 +256,8 @@ void Robot::ChangeASetting() {
 
 void Robot::OpenAWindow() {
   static const std::vector<const char*> modes{"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
-  static const std::vector<const char*> others{"About",   "SystemInformation", "WorldView", "Tabular",
-                                               "Horizon", "PassPrediction",    "PassWizard"};
+  static const std::vector<const char*> others{"About",   "SystemInformation", "WorldView",  "Tabular",
+                                               "Horizon", "PassPrediction",    "PassWizard", "frmCONGroups"};
   const char* mode = OneOf(modes);
   const std::string other = OneOf(others);
   const bool quadrant = Below(3) == 0 && station_.Windows().Loaded().size() < 8;

@@ -30,6 +30,7 @@ class Robot {
   }
   /// A visible top-level window of the station, or null.
   QWidget* SomeWindow();
+  void AnswerAnInputBox();
   void Do(const std::string& deed, const std::function<void()>& work);
 
   void LetTimePass();

@@ -35,7 +35,11 @@ bool IsExpected(const std::string& message) {
       "You must select either one of the", "Predictions saved as /documents/", "You must select a preset first",
       "you must select a preset to", "you must choose a job name", "You must fill in the days box",
       "You havn't chosen any satellites", "First select a Group", "Select a satellite on the list first",
-      "You will loose the information", "Can't file PASS.DAT"};
+      "You will loose the information", "Can't file PASS.DAT",
+      // of the groups window
+      "Select a satellite first", "Select a group first", "satellite group keps are not updated yet",
+      "Is this new group updated via the Internet?", "Primary Favourite Satellite changed from",
+      "Sorry, this feature is not available", "These favourites are not known yet"};
   for (const std::string& part : parts)
     if (message.find(part) != std::string::npos) return true;
   return false;

@@ -1,10 +1,13 @@
 #include "PanelWidgets.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QScopedValueRollback>
 
 #include "platform/Fault.h"
+#include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::panels::ui {
@@ -22,6 +25,9 @@ QListWidgetItem& ItemAt(const QListWidget& list, int row) {
   if (item == nullptr) throw platform::Fault::SubscriptOutOfRange();
   return *item;
 }
+
+constexpr QColor kBrightWarning{0xff, 0xa0, 0x40};
+constexpr QColor kDeepWarning{0x9c, 0x1c, 0x00};
 
 }  // namespace
 
@@ -61,9 +67,19 @@ void TickList::SetShown(int row, bool shown) {
   ItemAt(*this, row).setHidden(!shown);
 }
 
+int TickList::FirstShown() const {
+  for (int row = 0; row < count(); ++row) {
+    if (IsShown(row)) return row;
+  }
+  return -1;
+}
+
+/// A press on a box, which the toolkit keeps to the box alone, selects the row as one on its text does.
 void TickList::mousePressEvent(QMouseEvent* event) {
   emit UserTickBegins();
   ListBox::mousePressEvent(event);
+  QListWidgetItem* pressed = itemAt(event->position().toPoint());
+  if (event->button() == Qt::LeftButton && pressed && !pressed->isSelected()) setCurrentItem(pressed);
 }
 
 /// The second press of a double click.
@@ -72,7 +88,9 @@ void TickList::mouseDoubleClickEvent(QMouseEvent* event) {
   ListBox::mouseDoubleClickEvent(event);
 }
 
+/// The toolkit toggles now: it is the user's tick, also where something came between the press and this.
 void TickList::mouseReleaseEvent(QMouseEvent* event) {
+  emit UserTickBegins();
   ListBox::mouseReleaseEvent(event);
   if (event->buttons() == Qt::NoButton) emit UserTickEnds();
 }
@@ -85,6 +103,21 @@ void TickList::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && currentItem() != nullptr && !currentItem()->isSelected()) {
     setCurrentItem(currentItem(), QItemSelectionModel::ClearAndSelect);
   }
+}
+
+void TickList::focusOutEvent(QFocusEvent* event) {
+  ListBox::focusOutEvent(event);
+  emit UserTickEnds();
+}
+
+void TickList::hideEvent(QHideEvent* event) {
+  ListBox::hideEvent(event);
+  emit UserTickEnds();
+}
+
+void TickList::paintEvent(QPaintEvent* event) {
+  ListBox::paintEvent(event);
+  if (count() > 0 && FirstShown() < 0) platform::qt::PaintHint(*viewport(), noneShownHint_);
 }
 
 TickBox::TickBox(const QString& objectName, const QString& caption, QWidget* parent) : QCheckBox(caption, parent) {
@@ -124,6 +157,18 @@ void ValueSlider::SetValue(int value) {
 
 void ValueSlider::SetLabel(std::string_view text) {
   label_->setText(ToQt(text));
+}
+
+void MarkAsWarning(QLabel& line, bool warning) {
+  QFont font = line.font();
+  font.setBold(warning);
+  line.setFont(font);
+  QPalette colours;  // of the application, as far as nothing is set
+  const QColor ground = QApplication::palette().color(QPalette::Window);
+  const bool bright =
+      platform::qt::ContrastRatio(kBrightWarning, ground) > platform::qt::ContrastRatio(kDeepWarning, ground);
+  if (warning) colours.setColor(QPalette::WindowText, bright ? kBrightWarning : kDeepWarning);
+  line.setPalette(colours);
 }
 
 }  // namespace kestrava::panels::ui

@@ -20,6 +20,10 @@ class TickList : public platform::qt::ListBox, public TickListControl {
 
  public:
   explicit TickList(QWidget* parent = nullptr);
+  /// What stands in the middle of a list whose rows are all hidden.
+  void SetNoneShownHint(const QString& hint) { noneShownHint_ = hint; }
+  /// -1: none is shown.
+  int FirstShown() const;
 
   void Clear() override { ListBox::Clear(); }
   void Add(std::string_view row) override;
@@ -36,7 +40,8 @@ class TickList : public platform::qt::ListBox, public TickListControl {
  signals:
   /// A mouse button went down on the list, or a key that ticks.
   void UserTickBegins();
-  /// The same came up: the toolkit has toggled.
+  /// The same came up, and the toolkit has toggled; or it will not be heard of any more, as the keyboard has gone
+  /// elsewhere or the list from the screen.
   void UserTickEnds();
   /// The tick of a row has changed, whoever did it.
   void Ticked(int row, bool ticked);
@@ -46,9 +51,14 @@ class TickList : public platform::qt::ListBox, public TickListControl {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   void TellTick(const QListWidgetItem& item);
+
+  QString noneShownHint_;
 };
 
 /// A tick box of a row of settings: object name and caption from there.
@@ -85,5 +95,9 @@ class ValueSlider : public QWidget, public SliderControl {
   QLabel* label_;
   bool byCode_ = false;
 };
+
+/// A line that warns: bold, and in a colour that stands out on its window in both looks. Called anew when the palette
+/// changes.
+void MarkAsWarning(QLabel& line, bool warning);
 
 }  // namespace kestrava::panels::ui

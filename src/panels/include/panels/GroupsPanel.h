@@ -61,6 +61,8 @@ class GroupsPanel {
   void GroupListClicked();
   void SatelliteClicked();
   void DetailsClicked();
+  /// Details offers a request by mail: a click on it does something.
+  bool DetailsOffer() const;
   void FilterChanged();
 
   void BeginUserTick() { userTicks_ = true; }
@@ -88,6 +90,7 @@ class GroupsPanel {
   std::function<const orbit::OrbitEngine*()> engine_;
   GroupsView& view_;
   std::string details_;
+  std::string detailsOf_;  ///< the satellite that they tell of, whatever is chosen later
   bool userTicks_ = false;
   bool open_ = true;
   std::uint64_t listings_ = 0;  ///< grows with every listing: an earlier one that still reads ends
