@@ -49,6 +49,12 @@ QScrollArea* ScrollingArea(QWidget* content, QWidget* parent) {
   area->setFocusPolicy(Qt::NoFocus);
   area->viewport()->setAutoFillBackground(false);
   content->setAutoFillBackground(false);
+  // The area by itself follows the Tab key alone, not mnemonics and not a box that code gives the keyboard. A mouse
+  // button is left in peace: what it is pressed on must not move away from it.
+  QObject::connect(qApp, &QApplication::focusChanged, area, [area](QWidget*, QWidget* now) {
+    if (now == nullptr || QGuiApplication::mouseButtons() != Qt::NoButton) return;
+    if (area->widget() != nullptr && area->widget()->isAncestorOf(now)) area->ensureWidgetVisible(now);
+  });
   return area;
 }
 
