@@ -200,6 +200,7 @@ void LocationsPanel::ShowPrimary() {
   trap([&] { latitudeDeg = store::ParseStoredDegrees(place.latitude); });
   trap([&] { longitudeDegWest = store::ParseStoredDegrees(place.longitude); });
   ShowAngles(latitudeDeg, longitudeDegWest);
+  Settle();
 }
 
 void LocationsPanel::ShowRow(int row) {
@@ -209,6 +210,7 @@ void LocationsPanel::ShowRow(int row) {
   view_.SetBoxText(PlaceBox::kName, place.Name);
   view_.SetBoxText(PlaceBox::kHeight, std::to_string(place.HASL));
   ShowAngles(latitudeDeg, longitudeDegWest);
+  Settle();
 }
 
 /// The list as it is after a load: the primary place, then the rows of the table.
@@ -264,6 +266,7 @@ void LocationsPanel::Ticked(int row, bool ticked) {
 
 void LocationsPanel::DecDegClicked() {
   const bool toDecimal = view_.DecDeg().IsChecked();
+  const bool wasEdited = IsEdited();
   bool converted = false;
   Click("the change of the page", [&] {
     const Angles angles = toDecimal ? ReadParts() : ReadDecimal();
@@ -272,6 +275,7 @@ void LocationsPanel::DecDegClicked() {
     converted = true;
   });
   if (!converted) view_.DecDeg().SetChecked(!toDecimal);
+  if (!wasEdited) Settle();  // a change of the page alone changes nothing
   view_.ShowPage(Page());
 }
 
@@ -289,6 +293,7 @@ void LocationsPanel::AddClicked() {
       store::SaveLocations(tables_);
     });
     Rebuild(row);
+    Settle();
   });
 }
 
@@ -305,6 +310,7 @@ void LocationsPanel::SaveClicked() {
       });
     }
     Rebuild(item);
+    Settle();
   });
 }
 
@@ -321,6 +327,7 @@ void LocationsPanel::SetPrimeClicked() {
       store::SaveLocations(tables_);
     });
     Rebuild(0);
+    Settle();
   });
 }
 
@@ -351,6 +358,28 @@ void LocationsPanel::PlacePicked(const PickedPlace& place) {
   ShowTicks(angles);
   ShowDecimal(angles);
   ShowParts(angles);
+}
+
+TypedPlace LocationsPanel::Typed() const {
+  const bool parts = Page() == PlacePage::kParts;
+  const AngleForm form = parts ? AngleForm::kParts : AngleForm::kDecimals;
+  try {
+    const Angles angles = parts ? ReadParts() : ReadDecimal();
+    return {LatitudeInWords(angles.latitude, form) + ", " + LongitudeInWords(angles.longitude, form),
+            PointOf(angles.latitude, angles.longitude)};
+  } catch (const Fault& fault) {
+    const std::string why = fault.what();
+    return {platform::ToCapitals(why.substr(0, 1)) + why.substr(1) + ".", std::nullopt};
+  }
+}
+
+LocationsPanel::BoxTexts LocationsPanel::Contents() const {
+  BoxTexts texts;
+  for (std::size_t i = 0; i < kPlaceBoxes; ++i) texts[i] = view_.BoxText(static_cast<PlaceBox>(i));
+  const auto tick = [&](PlaceTick which) { return view_.Tick(Page(), which).IsChecked() ? "1" : "0"; };
+  texts[kPlaceBoxes] = tick(PlaceTick::kNorth);
+  texts[kPlaceBoxes + 1] = tick(PlaceTick::kWest);
+  return texts;
 }
 
 }  // namespace kestrava::panels

@@ -14,6 +14,7 @@
 
 #include "orbit/Tables.h"
 #include "panels/PanelControls.h"
+#include "panels/PlacePicking.h"
 #include "store/Angles.h"
 #include "store/Places.h"
 
@@ -57,6 +58,12 @@ struct PickedPlace {
   std::optional<std::int16_t> heightM;  ///< where the list knows one
 };
 
+/// What the boxes of the page that is shown mean.
+struct TypedPlace {
+  std::string words;              ///< "51° 30' 00" north, 0° 07' 39" west", or which box holds no number
+  std::optional<GeoPoint> point;  ///< nothing where a box holds no number
+};
+
 class LocationsPanel {
  public:
   /// @param view  outlives this object
@@ -77,7 +84,13 @@ class LocationsPanel {
   /// Fills the boxes; nothing is stored.
   void PlacePicked(const PickedPlace& place);
 
+  TypedPlace Typed() const;
+  /// The boxes hold something else than the chosen place, as it was last shown or stored.
+  bool IsEdited() const { return Contents() != settled_; }
+
  private:
+  using BoxTexts = std::array<std::string, kPlaceBoxes + 2>;
+
   struct Angles {
     store::ShownAngle latitude;
     store::ShownAngle longitude;
@@ -95,6 +108,8 @@ class LocationsPanel {
   void ShowRow(int row);
   void Rebuild(int selected);
   int ChosenItem() const;
+  BoxTexts Contents() const;
+  void Settle() { settled_ = Contents(); }
   template <class Body>
   void Click(std::string_view what, Body&& body);
   template <class Change>
@@ -102,6 +117,7 @@ class LocationsPanel {
 
   orbit::Tables& tables_;
   LocationsView& view_;
+  BoxTexts settled_;  ///< the boxes as the chosen place was last shown or stored
   bool rebuilding_ = false;
 };
 
