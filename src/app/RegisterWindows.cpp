@@ -1,6 +1,7 @@
 #include "RegisterWindows.h"
 
 #include "panels/GroupsPanel.h"
+#include "panels/LocationsPanel.h"
 #include "panels/ui/PanelWindows.h"
 #include "platform/qt/TextViewer.h"
 #include "predict/PassPrediction.h"
@@ -39,6 +40,7 @@ std::vector<std::string> RegisterWindows(platform::Windows& windows, const shell
       {predict::kPassWindow, predict::ui::MakePassPredictionWindow},
       {predict::kWizardWindow, predict::ui::MakePassWizardWindow},
       {panels::kGroupsWindow, panels::ui::MakeGroupsWindow},
+      {panels::kLocationsWindow, panels::ui::MakeLocationsWindow},
       {kAboutName, Makes<AboutWindow>()},
       {kSystemInformationName, [sources] { return std::make_unique<SystemInformationWindow>(sources); }},
       {platform::qt::TextViewer::kName, Makes<platform::qt::TextViewer>()},
