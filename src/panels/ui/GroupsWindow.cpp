@@ -52,6 +52,13 @@ QVBoxLayout* ColumnIn(QGroupBox* section) {
   return column;
 }
 
+/// A list or text takes the height that is left over, however little that is, and asks for none beyond its least: the
+/// window would scroll otherwise before it shrinks.
+void TakeWhatIsLeft(QWidget* control) {
+  control->setMinimumHeight(kListHeightPx);
+  control->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Ignored);
+}
+
 QLabel* HeadingFor(QWidget* control, const QString& text, QWidget* parent) {
   QLabel* heading = LabelFor(control, text, parent);
   heading->setWordWrap(true);
@@ -99,7 +106,7 @@ QGroupBox* GroupsWindow::BuildGroups(QWidget* parent) {
   auto* section = Named(new QGroupBox(tr("Groups"), parent), "Frame1");
   groups_ = Named(new platform::qt::ListBox(section), "GroupList");
   groups_->SetHint(tr("No groups yet. Take one from the list below, or add one of your own."));
-  groups_->setMinimumHeight(kListHeightPx);
+  TakeWhatIsLeft(groups_);
   addGroup_ =
       WholeButton("BUTaddgroup", tr("Add &New Group"), tr("Asks for a name, and where its elements are"), section);
   deleteGroup_ = WholeButton("BUTdeletegroup", tr("&Delete Group"),
@@ -130,7 +137,7 @@ QGroupBox* GroupsWindow::BuildSatellites(QWidget* parent) {
   satellites_->SetHint(tr("No satellites. Select a group whose element file is there."));
   satellites_->SetNoneShownHint(
       tr("No satellite of this group has that in its name. Escape in the search box shows all."));
-  satellites_->setMinimumHeight(kListHeightPx);
+  TakeWhatIsLeft(satellites_);
   satellites_->setToolTip(tr("A tick makes a favourite (space bar)"));
   count_ = Named(new QLabel(section), "FavouriteCount");
   count_->setWordWrap(true);
@@ -158,7 +165,7 @@ QGroupBox* GroupsWindow::BuildSatellites(QWidget* parent) {
 QGroupBox* GroupsWindow::BuildInformation(QWidget* parent) {
   auto* section = Named(new QGroupBox(tr("Information"), parent), "Frame3");
   details_ = Named(new OfferText(section), "Details");
-  details_->setMinimumHeight(kListHeightPx);
+  TakeWhatIsLeft(details_);
   findInfo_ = WholeButton("BUTfindInfo", tr("Find more info on Interne&t"),
                           tr("Searches the web for the selected satellite"), section);
   QVBoxLayout* column = ColumnIn(section);

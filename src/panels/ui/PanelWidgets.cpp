@@ -60,11 +60,13 @@ void TickList::SetTicked(int row, bool ticked) {
 }
 
 bool TickList::IsShown(int row) const {
-  return !ItemAt(*this, row).isHidden();
+  ItemAt(*this, row);
+  return !isRowHidden(row);
 }
 
 void TickList::SetShown(int row, bool shown) {
-  ItemAt(*this, row).setHidden(!shown);
+  ItemAt(*this, row);
+  setRowHidden(row, !shown);
 }
 
 int TickList::FirstShown() const {
