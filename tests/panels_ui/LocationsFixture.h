@@ -19,12 +19,6 @@
 
 namespace kestrava::panels::ui {
 
-class CountingHub : public station::Hub {
- public:
-  void RunActivation() override { ++activations; }
-  int activations = 0;
-};
-
 class LocationsFixture : public testing::House {
  protected:
   LocationsFixture();
@@ -69,7 +63,10 @@ class LocationsFixture : public testing::House {
   /// Everything that is stored.
   std::string Stored() { return Primary() + "|" + Content("Locations.dat"); }
 
-  CountingHub hub;
+  struct ActivationsHub : station::Hub {
+    void RunActivation() override { ++activations; }
+    int activations = 0;
+  } hub;
 
  private:
   QWidget* window_ = nullptr;
