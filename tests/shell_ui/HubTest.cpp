@@ -1,5 +1,6 @@
 // What other windows ask of the launcher: to follow a new place and new settings, and to start anew.
 #include <QTableView>
+#include <map>
 
 #include "orbit/TimeHelpers.h"
 #include "platform/Format.h"
@@ -269,14 +270,27 @@ TEST_F(LauncherHub, ARefreshShowsTheClockAndTheButtonsWithoutTheActivation) {
   EXPECT_FALSE(In<LedClockWidget>(launcher, "LEDclockLocal").IsClockVisible());
 }
 
+/// Fonts of all texts, by the names of window and label.
+std::map<QString, QFont> FontsOfLabels(const std::vector<QWidget*>& windows) {
+  std::map<QString, QFont> fonts;
+  for (const QWidget* window : windows) {
+    for (const QLabel* label : window->findChildren<QLabel*>())
+      fonts[window->objectName() + "." + label->objectName()] = label->font();
+  }
+  return fonts;
+}
+
 TEST_F(LauncherHub, ARefreshBringsEveryOpenWindowIntoTheLookThatTheSettingWants) {
   LauncherWindow& launcher = Open();
   AboutWindow& about = OpenAbout();
   const std::vector<QWidget*> both{&launcher, &about};
+  const std::map<QString, QFont> fonts = FontsOfLabels(both);
   for (const bool skin : {false, true, false}) {
     settings.Set("Skin", skin ? "1" : "0");
     Refresh();
     EXPECT_EQ(platform::qt::SkinIsOn(), skin);
+    for (const auto& [name, font] : FontsOfLabels(both))
+      EXPECT_EQ(font.toString().toStdString(), fonts.at(name).toString().toStdString()) << name.toStdString();
     for (const QWidget* window : both) {
       const QColor ground = window->palette().color(QPalette::Window);
       EXPECT_EQ(ground == platform::qt::Tones().window, skin) << window->objectName().toStdString();

@@ -2,12 +2,15 @@
 
 #include <QApplication>
 #include <QPainter>
+#include <QPointer>
 #include <QProxyStyle>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
+#include <vector>
 
 #include "platform/Settings.h"
 #include "platform/qt/Fonts.h"
@@ -146,6 +149,27 @@ QString DarkSheet() {
            t.base.name(), t.faint.name());
 }
 
+/// Under a style sheet a control that is open forgets the font that it has from its window. Remembers all fonts that
+/// are not the program's own, and gives back those that got lost.
+class FontsKept {
+ public:
+  FontsKept() {
+    for (QWidget* widget : QApplication::allWidgets()) {
+      if (widget->font() != QApplication::font()) fonts_.emplace_back(widget, widget->font());
+    }
+  }
+  ~FontsKept() {
+    for (const auto& [widget, font] : fonts_) {
+      if (widget && widget->font() != font) widget->setFont(font);
+    }
+  }
+  FontsKept(const FontsKept&) = delete;
+  FontsKept& operator=(const FontsKept&) = delete;
+
+ private:
+  std::vector<std::pair<QPointer<QWidget>, QFont>> fonts_;
+};
+
 double Linear(double channel) {
   return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
@@ -191,6 +215,7 @@ QPalette DarkPalette() {
 
 void ApplyTheme(bool skinOn) {
   const PlainLook& plain = Plain();
+  const FontsKept fontsKept;
   SkinFlag() = skinOn;
   QApplication::setFont(InterfaceFont());
   qApp->setStyleSheet({});
