@@ -49,7 +49,8 @@ void AnsweringMessages::Show(std::string_view text, std::string_view, platform::
 
 bool AnsweringMessages::AskYesNo(std::string_view text, std::string_view) {
   texts.emplace_back(text);
-  return random_() % 2 == 0;
+  const bool yes = random_() % 2 == 0;
+  return yes && text.find("Start Kestrava anew now?") == std::string_view::npos;  // the robot has one run
 }
 
 std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::string_view,
