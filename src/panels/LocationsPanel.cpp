@@ -151,11 +151,7 @@ store::Place LocationsPanel::ReadPlace() {
   constexpr double kLeastHeightM = -32768;
   constexpr double kMostHeightM = 32767;
   const double heightM = NumberWithin(view_, PlaceBox::kHeight, kLeastHeightM, kMostHeightM);
-  const Angles angles = Page() == PlacePage::kParts ? ReadParts() : ReadDecimal();
-  if (Page() == PlacePage::kParts) {
-    ShowTicks(angles);
-    ShowDecimal(angles);
-  }
+  const Angles angles = Page() == PlacePage::kParts ? DMSPageToDec() : ReadDecimal();
   return {name, store::StoredLatitude(angles.latitude), store::StoredLongitude(angles.longitude),
           platform::ToInt16(heightM)};
 }
@@ -181,6 +177,20 @@ void LocationsPanel::ShowParts(const Angles& angles) {
 void LocationsPanel::ShowDecimal(const Angles& angles) {
   view_.SetBoxText(PlaceBox::kLatDec, NumberText(angles.latitude.degrees));
   view_.SetBoxText(PlaceBox::kLonDec, NumberText(angles.longitude.degrees));
+}
+
+LocationsPanel::Angles LocationsPanel::DMSPageToDec() {
+  const Angles angles = ReadParts();
+  ShowTicks(angles);
+  ShowDecimal(angles);
+  return angles;
+}
+
+LocationsPanel::Angles LocationsPanel::DecPageToDMS() {
+  const Angles angles = ReadDecimal();
+  ShowTicks(angles);
+  ShowParts(angles);
+  return angles;
 }
 
 void LocationsPanel::ShowAngles(double latitudeDeg, double longitudeDegWest) {
@@ -269,9 +279,7 @@ void LocationsPanel::DecDegClicked() {
   const bool wasEdited = IsEdited();
   bool converted = false;
   Click("the change of the page", [&] {
-    const Angles angles = toDecimal ? ReadParts() : ReadDecimal();
-    ShowTicks(angles);
-    toDecimal ? ShowDecimal(angles) : ShowParts(angles);
+    toDecimal ? DMSPageToDec() : DecPageToDMS();
     converted = true;
   });
   if (!converted) view_.DecDeg().SetChecked(!toDecimal);

@@ -431,5 +431,58 @@ TEST_F(LocationsPanelTest, APickedPlaceFillsTheBoxesAndStoresNothing) {
   EXPECT_EQ(Stored(), before);
 }
 
+TEST_F(LocationsPanelTest, SaysInWordsWhatTheBoxesOfTheShownPageMean) {
+  Open();
+  EXPECT_EQ(panel.Typed().words, "51° 30' 00\" north, 0° 15' 00\" west");
+  EXPECT_EQ(panel.Typed().point, (GeoPoint{51.5, -0.25}));
+  Type(PlaceBox::kLatDeg, "-51");
+  EXPECT_EQ(panel.Typed().words, "50° 30' 00\" south, 0° 15' 00\" west") << "the parts are added as they stand";
+  TypeDecimal("x", "33,5", true, "7.25", false);
+  EXPECT_EQ(panel.Typed().words, "33.5° north, 7.25° east");
+  EXPECT_EQ(panel.Typed().point, (GeoPoint{33.5, 7.25}));
+}
+
+TEST_F(LocationsPanelTest, SaysWhichBoxHoldsNoNumber) {
+  Open();
+  Type(PlaceBox::kLonMin, "half");
+  EXPECT_EQ(panel.Typed().words, "The box \"Longitude, minutes\" holds \"half\", which is no number.");
+  EXPECT_EQ(panel.Typed().point, std::nullopt);
+}
+
+TEST_F(LocationsPanelTest, IsEditedFromAChangedBoxOrSignUntilItIsStored) {
+  Open();
+  EXPECT_FALSE(panel.IsEdited());
+  Type(PlaceBox::kHeight, "31");
+  EXPECT_TRUE(panel.IsEdited());
+  panel.SaveClicked();
+  EXPECT_FALSE(panel.IsEdited());
+  Click(PlacePage::kParts, PlaceTick::kWest, false);
+  EXPECT_TRUE(panel.IsEdited());
+  Choose(1);
+  EXPECT_FALSE(panel.IsEdited());
+  panel.PlacePicked({10, 20, "Hut", std::nullopt});
+  EXPECT_TRUE(panel.IsEdited());
+  panel.AddClicked();
+  EXPECT_FALSE(panel.IsEdited());
+}
+
+TEST_F(LocationsPanelTest, IsNotEditedByAChangeOfThePageThatOnlyCutsSecondsOff) {
+  platform::WriteSetting("Latitude", "51.4779");
+  Open();
+  UseDecimals();
+  EXPECT_EQ(Decimal(), "51.477777778 N 0.25 W");
+  EXPECT_FALSE(panel.IsEdited());
+}
+
+TEST_F(LocationsPanelTest, StaysEditedWhereItCouldNotBeStored) {
+  Open();
+  Type(PlaceBox::kName, "Hut");
+  files.BreakWriteAfter(3);
+  messages.ExpectMessage("Disk full");
+  panel.AddClicked();
+  EXPECT_TRUE(panel.IsEdited());
+  files.Mend();
+}
+
 }  // namespace
 }  // namespace kestrava::panels

@@ -6,6 +6,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
+#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -76,6 +77,29 @@ TEST_F(LocationsLook, NothingIsCutOffInBothLooksAndThreeSizes) {
     ExpectNothingCutOff();
     Shot(look + "-decimal-edited");
     CloseByUser();
+  }
+}
+
+/// Every text by a half longer, as other languages have them.
+class LongWords : public QTranslator {
+ public:
+  LongWords() { qApp->installTranslator(this); }
+  ~LongWords() override { qApp->removeTranslator(this); }
+  bool isEmpty() const override { return false; }
+  QString translate(const char*, const char* source, const char*, int) const override {
+    const QString text = QString::fromUtf8(source);
+    return text.size() < 4 ? text : text + QString(text).remove('&').left(text.size() / 2);
+  }
+};
+
+TEST_F(LocationsLook, TextsOfHalfAgainTheLengthAreNotCutOff) {
+  const LongWords longWords;
+  QWidget& window = OpenIn(true);
+  for (const QSize size : {QSize(860, 640), QSize(640, 400)}) {
+    window.resize(size);
+    testing::HandleEvents();
+    ExpectNothingCutOff();
+    Shot("long-" + std::to_string(size.width()));
   }
 }
 

@@ -285,6 +285,16 @@ TEST_F(PlacePickerTest, EscapeLeavesTheBoxesAsTheyWere) {
   EXPECT_TRUE(Window().isVisible());
 }
 
+TEST_F(PlacePickerTest, TheTabKeyLeavesTheSearchAndTakesNoHit) {
+  OpenPicker();
+  Box("Tcity").setFocus();
+  Type("Tcity", "sa");
+  Key(Popup(), Qt::Key_Tab);
+  EXPECT_FALSE(Popup().isVisible());
+  EXPECT_EQ(Text("Tlocation"), "Home");
+  EXPECT_TRUE(Box("Tlocation").hasFocus());
+}
+
 TEST_F(PlacePickerTest, TheShippedListKnowsTheCitiesOfTheWorldWithoutTheirAccents) {
   Open();
   SetTick("CHdecDeg", true);

@@ -27,7 +27,6 @@ const std::vector<store::City>& ShippedCities() {
 }
 
 CitySearch::CitySearch(QWidget* parent) : QLineEdit(parent), completer_(new QCompleter(&model_, this)) {
-  setClearButtonEnabled(true);
   completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);  // what fits is the list's own business
   completer_->setMaxVisibleItems(kMostHits);
   completer_->setWidget(this);

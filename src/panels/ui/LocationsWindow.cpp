@@ -95,8 +95,10 @@ QWidget* LocationsWindow::BuildList(QWidget* parent) {
   column->addWidget(label);
   column->addWidget(list_, 1);
   listButtons_ = new QBoxLayout(QBoxLayout::TopToBottom);
-  listButtons_->addWidget(setPrime_);
-  listButtons_->addWidget(remove_);
+  for (QWidget* button : {setPrime_, remove_}) {
+    button->setMinimumWidth(button->sizeHint().width());
+    listButtons_->addWidget(button);
+  }
   column->addLayout(listButtons_);
   platform::qt::EmboldenTitle(*box);
   return box;
@@ -138,8 +140,10 @@ QWidget* LocationsWindow::BuildFoot() {
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(hint_, 1);
-  row->addWidget(add_);
-  row->addWidget(save_);
+  for (QWidget* button : {add_, save_}) {
+    button->setMinimumWidth(button->sizeHint().width());
+    row->addWidget(button);
+  }
   return foot;
 }
 

@@ -100,6 +100,8 @@ class LocationsPanel {
   Angles ReadParts() const;
   Angles ReadDecimal() const;
   store::Place ReadPlace();
+  Angles DMSPageToDec();
+  Angles DecPageToDMS();
   void ShowParts(const Angles& angles);
   void ShowDecimal(const Angles& angles);
   void ShowTicks(const Angles& angles);
