@@ -2,6 +2,8 @@
 
 #include "panels/GroupsPanel.h"
 #include "panels/LocationsPanel.h"
+#include "panels/MainSettingsPanel.h"
+#include "panels/Settings2DPanel.h"
 #include "panels/ui/PanelWindows.h"
 #include "platform/qt/TextViewer.h"
 #include "predict/PassPrediction.h"
@@ -41,6 +43,8 @@ std::vector<std::string> RegisterWindows(platform::Windows& windows, const shell
       {predict::kWizardWindow, predict::ui::MakePassWizardWindow},
       {panels::kGroupsWindow, panels::ui::MakeGroupsWindow},
       {panels::kLocationsWindow, panels::ui::MakeLocationsWindow},
+      {panels::kMainSettingsWindow, panels::ui::MakeMainSettingsWindow},
+      {panels::kSettings2DWindow, panels::ui::MakeSettings2DWindow},
       {kAboutName, Makes<AboutWindow>()},
       {kSystemInformationName, [sources] { return std::make_unique<SystemInformationWindow>(sources); }},
       {platform::qt::TextViewer::kName, Makes<platform::qt::TextViewer>()},

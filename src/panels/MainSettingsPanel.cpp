@@ -145,6 +145,7 @@ void MainSettingsPanel::TurnSpeechOn() {
 void MainSettingsPanel::CheckClicked(MainCheck check) {
   if (loading_) return;
   StoreSetting(RowOf(check), view_.Check(check));
+  if (check == MainCheck::kSkin) view_.ApplySkinToAll();
   if (check == MainCheck::kSpeech && view_.Check(check).IsChecked()) FaultTrap{kSpeechTrap}([&] { TurnSpeechOn(); });
 }
 

@@ -93,6 +93,10 @@ void Settings2DPanel::CheckClicked(MapCheck check) {
   if (!loading_) StoreSetting(RowOf(kChecks, check), view_.Check(check));
 }
 
+void Settings2DPanel::SliderMoved(MapSlider slider) {
+  if (!loading_) ShowValue(RowOf(kSliders, slider), view_.Slider(slider));
+}
+
 void Settings2DPanel::SliderChanged(MapSlider slider) {
   if (loading_) return;
   StoreSetting(RowOf(kSliders, slider), view_.Slider(slider));

@@ -32,6 +32,7 @@ class View : public MainSettingsView {
     dialogs.emplace_back(fileName);
     return chosen;
   }
+  void ApplySkinToAll() override { looks.push_back(platform::ReadSetting("Skin", "1")); }
   void RefreshLauncher() override { ++refreshes; }
 
   std::map<MainCheck, RecordingCheck> checks;
@@ -40,6 +41,7 @@ class View : public MainSettingsView {
   std::string wavFolder;
   std::optional<std::string> chosen;
   std::vector<std::string> dialogs;
+  std::vector<std::string> looks;  // the setting, each time that all windows took it
   int clocks = -1;
   int skins = 0;
   int refreshes = 0;
@@ -127,6 +129,15 @@ TEST_F(MainSettingsPanelTest, EveryTickIsStoredAtOnce) {
     Tick(check, false);
     EXPECT_EQ(settings.Get(key), "0") << key;
   }
+}
+
+TEST_F(MainSettingsPanelTest, TheSkinShowsAtOnceInAllWindowsAndNoOtherTickTouchesThem) {
+  panel.Load();
+  EXPECT_TRUE(view.looks.empty());
+  Tick(MainCheck::kSkin, false);
+  Tick(MainCheck::kMiles, true);
+  Tick(MainCheck::kSkin, true);
+  EXPECT_EQ(view.looks, (Texts{"0", "1"}));
 }
 
 TEST_F(MainSettingsPanelTest, TheClocksAreStoredByTheirIndex) {

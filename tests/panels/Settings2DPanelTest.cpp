@@ -135,6 +135,16 @@ TEST_F(Settings2DPanelTest, EveryControlWritesItsSettingAtOnce) {
   EXPECT_EQ(settings.Get("HorizonFile"), "hsea");
 }
 
+TEST_F(Settings2DPanelTest, ASliderOnItsWayTellsItsValueAndStoresItAtTheEnd) {
+  panel.Load();
+  view.sliders[MapSlider::kMapUpdate].value = 30;
+  panel.SliderMoved(MapSlider::kMapUpdate);
+  EXPECT_EQ(view.sliders[MapSlider::kMapUpdate].label, "30 Seconds");
+  EXPECT_EQ(settings.Get("MapUpdate"), "2");
+  panel.SliderChanged(MapSlider::kMapUpdate);
+  EXPECT_EQ(settings.Get("MapUpdate"), "30");
+}
+
 TEST_F(Settings2DPanelTest, BothBoxesOfferAllPicturesOfTheFolder) {
   for (const char* name : {"Default.jpg", "hsea.jpg", "Loud.JPG", "notes.txt", "a.jpeg", ".jpg", "jpg"}) Put(name, "x");
   panel.Load();

@@ -133,6 +133,8 @@ ValueSlider::ValueSlider(const SliderRow& row, QWidget* parent)
   slider_->setRange(row.minimum, row.maximum);
   slider_->setSingleStep(row.smallStep);
   slider_->setPageStep(row.largeStep);
+  slider_->setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+  slider_->installEventFilter(this);
   if (row.tickEvery > 0) {
     slider_->setTickPosition(QSlider::TicksBelow);
     slider_->setTickInterval(row.tickEvery);
@@ -145,11 +147,26 @@ ValueSlider::ValueSlider(const SliderRow& row, QWidget* parent)
   line->addWidget(slider_, 1);
   line->addWidget(label_);
   setFocusProxy(slider_);
-  connect(slider_, &QSlider::valueChanged, this, [this] {
-    if (byCode_) return;
-    slider_->isSliderDown() ? emit Moved() : emit Changed();
+  connect(slider_, &QSlider::valueChanged, this, [this] { TellChange(); });
+  connect(slider_, &QSlider::sliderPressed, this, [this] { moved_ = false; });
+  connect(slider_, &QSlider::sliderReleased, this, [this] {
+    if (moved_) emit Changed();
   });
-  connect(slider_, &QSlider::sliderReleased, this, [this] { emit Changed(); });
+}
+
+void ValueSlider::TellChange() {
+  if (byCode_) return;
+  moved_ = true;
+  slider_->isSliderDown() ? emit Moved() : emit Changed();
+}
+
+/// The wheel over a slider without the focus scrolls what the slider stands in.
+bool ValueSlider::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == slider_ && event->type() == QEvent::Wheel && !slider_->hasFocus()) {
+    event->ignore();
+    return true;
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 void ValueSlider::SetValue(int value) {

@@ -73,8 +73,8 @@ class TickBox : public QCheckBox, public CheckControl {
   void SetChecked(bool checked) override { setChecked(checked); }  // `clicked` is the user's alone
 };
 
-/// A slider with the value beside it. `Moved` while the user drags, `Changed` once when he has let go or at each step
-/// by keys, wheel or a click beside the handle.
+/// A slider with the value beside it. `Moved` while the user drags, `Changed` once when he has let go after a move, or
+/// at each step by keys, wheel (with the focus only) or a click beside the handle.
 class ValueSlider : public QWidget, public SliderControl {
   Q_OBJECT
 
@@ -85,15 +85,24 @@ class ValueSlider : public QWidget, public SliderControl {
   void SetValue(int value) override;
   void SetLabel(std::string_view text) override;
   QSlider* Slider() const { return slider_; }
+  /// The room that the value beside the slider takes.
+  int LabelWidth() const { return label_->minimumWidth(); }
+  void SetLabelWidth(int width) { label_->setMinimumWidth(width); }
 
  signals:
   void Moved();
   void Changed();
 
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
  private:
+  void TellChange();
+
   QSlider* slider_;
   QLabel* label_;
   bool byCode_ = false;
+  bool moved_ = false;
 };
 
 /// A line that warns: bold, and in a colour that stands out on its window in both looks. Called anew when the palette

@@ -3,6 +3,7 @@
 #include <QListView>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QWheelEvent>
 
 #include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
@@ -21,6 +22,7 @@ ComboList::ComboList(QWidget* parent) : QComboBox(parent) {
   setMaxVisibleItems(kEntriesSeen);
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(kLeastLetters);
+  setFocusPolicy(Qt::StrongFocus);  // not by the wheel
   // Thousands of entries: their heights are not measured one by one.
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
 }
@@ -48,6 +50,14 @@ void ComboList::SetText(std::string_view text) {
   if (entry < 0 && placeholderText() != shown) setPlaceholderText(shown);
   setCurrentIndex(entry);
   if (isEditable()) setEditText(shown);
+}
+
+void ComboList::wheelEvent(QWheelEvent* event) {
+  if (hasFocus()) {
+    QComboBox::wheelEvent(event);
+  } else {
+    event->ignore();
+  }
 }
 
 void ComboList::SetIndex(int index) {

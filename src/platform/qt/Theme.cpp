@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPointer>
 #include <QProxyStyle>
+#include <QSlider>
 #include <QStyleFactory>
 #include <QStyleOption>
 #include <algorithm>
@@ -58,7 +59,7 @@ bool& SkinFlag() {
   return on;
 }
 
-/// Fusion with a focus frame, menu edges and menu separators that can be seen on dark ground.
+/// Fusion with focus frames, menu edges and separators, and edges of controls that can be seen on dark ground.
 class DarkStyle : public QProxyStyle {
  public:
   DarkStyle() : QProxyStyle(QStyleFactory::create("Fusion")) {}
@@ -72,7 +73,17 @@ class DarkStyle : public QProxyStyle {
     } else {
       QProxyStyle::drawPrimitive(element, option, painter, widget);
       if (element == PE_IndicatorCheckBox) DrawBoxEdge(*option, *painter);
+      if (element == PE_IndicatorRadioButton) DrawRadioEdge(*option, *painter);
     }
+  }
+
+  void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                          const QWidget* widget) const override {
+    const auto* slider = control == CC_Slider ? qstyleoption_cast<const QStyleOptionSlider*>(option) : nullptr;
+    if (slider != nullptr && slider->orientation == Qt::Horizontal) return DrawSlider(*slider, *painter, widget);
+    QProxyStyle::drawComplexControl(control, option, painter, widget);
+    const auto* box = control == CC_ComboBox ? qstyleoption_cast<const QStyleOptionComboBox*>(option) : nullptr;
+    if (box != nullptr && box->frame) DrawFieldEdge(*box, *painter);
   }
 
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
@@ -106,6 +117,57 @@ class DarkStyle : public QProxyStyle {
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
     painter.restore();
+  }
+
+  static QColor EdgeOf(const QStyleOption& option) {
+    if ((option.state & State_Enabled) == 0) return Tones().edge;
+    return (option.state & State_HasFocus) != 0 ? Tones().accent : Tones().faint;
+  }
+
+  static void DrawOutline(const QRectF& place, double corner, const QColor& colour, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(colour, 1));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(place.adjusted(0.5, 0.5, -0.5, -0.5), corner, corner);
+    painter.restore();
+  }
+
+  static void DrawRadioEdge(const QStyleOption& option, QPainter& painter) {
+    const double across = std::min(option.rect.width(), option.rect.height());
+    const QRectF disc(option.rect.left(), option.rect.top() + (option.rect.height() - across) / 2, across, across);
+    const bool enabled = (option.state & State_Enabled) != 0;
+    DrawOutline(disc, across / 2, enabled ? Tones().faint : Tones().edge, painter);
+  }
+
+  static void DrawFieldEdge(const QStyleOptionComboBox& box, QPainter& painter) {
+    const bool focused = (box.state & State_HasFocus) != 0;
+    if (box.editable || focused) DrawOutline(box.rect, 2, focused ? Tones().accent : Tones().edge, painter);
+  }
+
+  /// The style's own groove, marks and handle hardly stand out from the ground.
+  void DrawSlider(const QStyleOptionSlider& slider, QPainter& painter, const QWidget* widget) const {
+    const QRect handle = proxy()->subControlRect(CC_Slider, &slider, SC_SliderHandle, widget);
+    const QRect knob = handle.adjusted(1, 1, -1, -1).intersected(slider.rect);
+    DrawGroove(slider, knob, painter);
+    if (slider.tickInterval > 0 && (slider.tickPosition & QSlider::TicksBelow)) DrawTicks(slider, handle, painter);
+    painter.fillRect(knob, (slider.state & State_Enabled) != 0 ? Tones().edge : Tones().raised);
+    DrawOutline(knob, 2, EdgeOf(slider), painter);
+  }
+
+  static void DrawGroove(const QStyleOptionSlider& slider, const QRect& knob, QPainter& painter) {
+    QRect groove(slider.rect.left() + knob.width() / 2, knob.center().y() - 1, slider.rect.width() - knob.width(), 3);
+    painter.fillRect(groove, Tones().edge);
+    slider.upsideDown ? groove.setLeft(knob.right()) : groove.setRight(knob.left());
+    if ((slider.state & State_Enabled) != 0) painter.fillRect(groove, Tones().accent.darker(140));
+  }
+
+  static void DrawTicks(const QStyleOptionSlider& slider, const QRect& handle, QPainter& painter) {
+    const int room = slider.rect.width() - handle.width();
+    for (int value = slider.minimum; value <= slider.maximum; value += slider.tickInterval) {
+      const int at = sliderPositionFromValue(slider.minimum, slider.maximum, value, room, slider.upsideDown);
+      painter.fillRect(QRect(slider.rect.left() + handle.width() / 2 + at, handle.bottom() + 2, 1, 3), Tones().faint);
+    }
   }
 
   static void DrawFocusFrame(const QRect& place, QPainter& painter) {

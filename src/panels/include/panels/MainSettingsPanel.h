@@ -38,6 +38,8 @@ class MainSettingsView {
   virtual void SetWavFolder(std::string_view folder) = 0;
   /// Opens the file dialog to save. @return the whole name; nothing if it was cancelled
   virtual std::optional<std::string> ChooseSaveFile(std::string_view fileName) = 0;
+  /// The skin was turned on or off: all open windows take the new look.
+  virtual void ApplySkinToAll() = 0;
   /// Lets the launcher show the new state.
   virtual void RefreshLauncher() = 0;
 };
@@ -61,7 +63,6 @@ class MainSettingsPanel {
 
  private:
   bool FillVoices();
-  void ShowVoice();
   void TurnSpeechOn();
   void TakeFolder(const std::string& fileName);
 

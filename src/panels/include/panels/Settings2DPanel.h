@@ -47,6 +47,8 @@ class Settings2DPanel {
 
   void Load();
   void CheckClicked(MapCheck check);
+  /// While it is moved, and once at the end of a change.
+  void SliderMoved(MapSlider slider);
   void SliderChanged(MapSlider slider);
   void PicturePicked(MapPicture picture);
 

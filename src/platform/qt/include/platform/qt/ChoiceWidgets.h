@@ -22,6 +22,10 @@ class ComboList : public QComboBox, public ComboControl {
   void SetText(std::string_view text) override;
   int Index() const override { return currentIndex(); }
   void SetIndex(int index) override;
+
+ protected:
+  /// Without the focus the wheel scrolls what the list stands in, and chooses nothing.
+  void wheelEvent(QWheelEvent* event) override;
 };
 
 class ListBox : public QListWidget, public virtual ListBoxControl {
