@@ -1,7 +1,7 @@
 // The skin of the windows: the accents that every skinned window is given, and the order in which it gets them.
 #pragma once
 
-#include <string_view>
+#include <array>
 
 #include "platform/Surface.h"
 
@@ -12,7 +12,7 @@ namespace kestrava::platform {
 struct SkinLayout {
   int sourceWidth = 371;
   int sourceHeight = 241;
-  int pieces[4] = {142, 90, 23, 18};
+  std::array<int, 4> pieces{142, 90, 23, 18};
 };
 
 /// What draws a window's skin. Each window holds one from its load to its end.
