@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <numeric>
+#include <utility>
 
 #include "platform/Text.h"
 
@@ -14,17 +15,20 @@ namespace {
 constexpr std::size_t kMostSuggestions = 5;
 constexpr std::size_t kOneLetter = 1;
 
-/// How many letters must be changed, put in or taken out to make one text the other (Levenshtein, 1965).
+/// How many letters must be changed, put in, taken out or swapped with their neighbour to make one text the other
+/// (Damerau, 1964; no letter is touched twice).
 std::size_t LettersApart(std::string_view a, std::string_view b) {
+  std::vector<std::size_t> beforeLast;
+  std::vector<std::size_t> last;
   std::vector<std::size_t> row(b.size() + 1);
   std::iota(row.begin(), row.end(), std::size_t{0});
   for (std::size_t i = 1; i <= a.size(); ++i) {
-    std::size_t diagonal = row[0];
+    beforeLast = std::exchange(last, row);
     row[0] = i;
     for (std::size_t j = 1; j <= b.size(); ++j) {
-      const std::size_t change = diagonal + (a[i - 1] == b[j - 1] ? 0 : 1);
-      diagonal = row[j];
-      row[j] = std::min({row[j] + 1, row[j - 1] + 1, change});
+      row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (a[i - 1] == b[j - 1] ? 0 : 1)});
+      const bool swapped = i > 1 && j > 1 && a[i - 1] == b[j - 2] && a[i - 2] == b[j - 1];
+      if (swapped) row[j] = std::min(row[j], beforeLast[j - 2] + 1);
     }
   }
   return row[b.size()];

@@ -98,6 +98,7 @@ TEST_F(WrongUse, AnUnknownOptionIsToldBeforeAnyWindowIsTried) {
   }
   EXPECT_EQ(Run({"--nonsense"}).err, "kestrava: there is no option '--nonsense'. kestrava --help names them all\n");
   EXPECT_NE(Run({"--tor"}).err.find("Did you mean '--tour'?"), std::string::npos);
+  EXPECT_NE(Run({"--tuor"}).err.find("Did you mean '--tour'?"), std::string::npos) << "two letters swapped";
   EXPECT_EQ(Run({"--data"}).err, "kestrava: --data wants a folder\n");
 }
 
