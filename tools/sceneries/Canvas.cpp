@@ -11,6 +11,7 @@ namespace {
 // Relative luminance that no pixel exceeds before the grain and the JPEG's own error: white keeps 6.3 to 1 on it and
 // yellow 5.9 to 1, so that there is room for both.
 constexpr float kCeiling = 0.115F;
+constexpr int kMargin = 320;          // room for what is drawn across an edge
 constexpr float kGrain = 1.5F / 255;  // as much as survives the JPEG's quantization
 
 float Linear(float v) {
@@ -42,6 +43,25 @@ std::vector<float> Grain(int width, int height, std::uint32_t seed) {
     }
   }
   return grain;
+}
+
+/// Lays a picture that is wider than the canvas by a margin on either side over it.
+void LayOver(Canvas& canvas, const QImage& image) {
+  const auto lay = [&](int from, int x, int y) {
+    const QRgb p = reinterpret_cast<const QRgb*>(image.constScanLine(y))[from];
+    if (qAlpha(p) == 0) return;
+    Rgb& pixel = canvas.At(x, y);
+    pixel =
+        pixel * (1 - static_cast<float>(qAlpha(p)) / 255) +
+        Rgb{static_cast<float>(qRed(p)), static_cast<float>(qGreen(p)), static_cast<float>(qBlue(p))} * (1 / 255.0F);
+  };
+  for (int y = 0; y < canvas.Height(); ++y) {
+    for (int x = 0; x < canvas.Width(); ++x) {
+      lay(x + kMargin, x, y);
+      if (x < kMargin) lay(x + kMargin + canvas.Width(), x, y);
+      if (x >= canvas.Width() - kMargin) lay(x + kMargin - canvas.Width(), x, y);
+    }
+  }
 }
 
 }  // namespace
@@ -127,27 +147,16 @@ QImage Canvas::Finished() const {
   return image;
 }
 
-Overlay::Overlay(const Canvas& canvas)
-    : image_(canvas.Width() + 2 * kMargin, canvas.Height(), QImage::Format_ARGB32_Premultiplied) {
-  image_.fill(Qt::transparent);
-}
-
-void Overlay::LayOver(Canvas& canvas) const {
-  const auto lay = [&](int from, int x, int y) {
-    const QRgb p = reinterpret_cast<const QRgb*>(image_.constScanLine(y))[from];
-    if (qAlpha(p) == 0) return;
-    Rgb& pixel = canvas.At(x, y);
-    pixel =
-        pixel * (1 - static_cast<float>(qAlpha(p)) / 255) +
-        Rgb{static_cast<float>(qRed(p)), static_cast<float>(qGreen(p)), static_cast<float>(qBlue(p))} * (1 / 255.0F);
-  };
-  for (int y = 0; y < canvas.Height(); ++y) {
-    for (int x = 0; x < canvas.Width(); ++x) {
-      lay(x + kMargin, x, y);
-      if (x < kMargin) lay(x + kMargin + canvas.Width(), x, y);
-      if (x >= canvas.Width() - kMargin) lay(x + kMargin - canvas.Width(), x, y);
-    }
-  }
+void DrawOver(Canvas& canvas, const std::function<void(QPainter&)>& draw) {
+  QImage image(canvas.Width() + 2 * kMargin, canvas.Height(), QImage::Format_ARGB32_Premultiplied);
+  image.fill(Qt::transparent);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.translate(kMargin, 0);
+  painter.setPen(Qt::NoPen);
+  draw(painter);
+  painter.end();
+  LayOver(canvas, image);
 }
 
 }  // namespace kestrava::tools

@@ -2,6 +2,7 @@
 // The ground of a scenery: a whole turn of the horizon in real numbers, azimuth from left to right, horizon at the
 // bottom edge, zenith at the top one. Columns wrap round: 360 degrees is 0 again.
 #include <QImage>
+#include <QPainter>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -60,18 +61,8 @@ class Canvas {
   std::vector<Rgb> pixels_;
 };
 
-/// What stands on the horizon, painted apart and then laid over the sky. It is wider than the canvas on either side,
-/// so that what is painted across the edge comes in again at the other one.
-class Overlay {
- public:
-  explicit Overlay(const Canvas& canvas);
-  QImage& Image() { return image_; }
-  /// Painting begins with the canvas's own columns and rows.
-  static constexpr int kMargin = 320;
-  void LayOver(Canvas& canvas) const;
-
- private:
-  QImage image_;
-};
+/// Paints what stands on the horizon, in filled shapes without an outline, apart from the sky, and lays it over it.
+/// Painting begins with the canvas's own columns and rows; what crosses an edge comes in again at the other one.
+void DrawOver(Canvas& canvas, const std::function<void(QPainter&)>& draw);
 
 }  // namespace kestrava::tools

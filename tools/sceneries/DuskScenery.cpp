@@ -94,17 +94,12 @@ QImage DuskScenery() {
   PaintDuskSky(canvas);
   PaintHills(canvas);
   const Standing meadow(canvas, {0.5F, 1.5F, 7, 5, 0, 0, 304});
-  Overlay overlay(canvas);
-  QPainter painter(&overlay.Image());
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(Overlay::kMargin, 0);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(kBlack);
-  Chance chance(404);
-  DrawTrees(painter, meadow, chance);
-  DrawVillage(painter, meadow, chance);
-  painter.end();
-  overlay.LayOver(canvas);
+  DrawOver(canvas, [&](QPainter& painter) {
+    painter.setBrush(kBlack);
+    Chance chance(404);
+    DrawTrees(painter, meadow, chance);
+    DrawVillage(painter, meadow, chance);
+  });
   PaintGround(canvas, meadow.Line(), [](float, float, float) { return Rgb{0.020F, 0.027F, 0.050F}; });
   return canvas.Finished();
 }

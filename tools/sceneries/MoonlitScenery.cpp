@@ -95,20 +95,15 @@ QImage MoonlitScenery() {
   PaintMountains(canvas);
   PaintLake(canvas);
   const Standing shore(canvas, {-0.9F, 1.4F, 5, 5, 0, 0, 503});
-  Overlay overlay(canvas);
-  QPainter painter(&overlay.Image());
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(Overlay::kMargin, 0);
-  painter.setPen(Qt::NoPen);
-  painter.setBrush(kBlack);
-  Chance chance(505);
-  DrawForest(painter, shore, chance);
-  const Paint paint{kBlack, QColor(34, 44, 58), QColor(112, 72, 32)};
-  DrawHouse(painter, shore.Foot(209), 42, 0.7, paint, chance);
-  DrawHouse(painter, shore.Foot(271), 54, 0.5, paint, chance);
-  DrawMast(painter, shore.Foot(277), 88, paint);
-  painter.end();
-  overlay.LayOver(canvas);
+  DrawOver(canvas, [&](QPainter& painter) {
+    painter.setBrush(kBlack);
+    Chance chance(505);
+    DrawForest(painter, shore, chance);
+    const Paint paint{kBlack, QColor(34, 44, 58), QColor(112, 72, 32)};
+    DrawHouse(painter, shore.Foot(209), 42, 0.7, paint, chance);
+    DrawHouse(painter, shore.Foot(271), 54, 0.5, paint, chance);
+    DrawMast(painter, shore.Foot(277), 88, paint);
+  });
   PaintGround(canvas, shore.Line(), [](float, float, float) { return Rgb{0.024F, 0.035F, 0.060F}; });
   return canvas.Finished();
 }

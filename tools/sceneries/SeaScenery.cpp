@@ -140,17 +140,12 @@ QImage SeaScenery() {
   const std::vector<float> cape = Headland(canvas, {3.0F, 4.4F, 9, 7, 0.2F, 0.06F, 604}, 112, 214, 14);
   PaintIsland(canvas, cape, 0x0C1824, 0x161D28);
   const Standing dunes(canvas, {-0.8F, 1.9F, 4, 5, 0, 0, 603});
-  Overlay overlay(canvas);
-  QPainter painter(&overlay.Image());
-  painter.setRenderHint(QPainter::Antialiasing);
-  painter.translate(Overlay::kMargin, 0);
-  painter.setPen(Qt::NoPen);
-  Chance chance(605);
-  DrawCoast(painter, canvas, cape, chance);
-  DrawStage(painter, canvas);
-  DrawDunes(painter, dunes, chance);
-  painter.end();
-  overlay.LayOver(canvas);
+  DrawOver(canvas, [&](QPainter& painter) {
+    Chance chance(605);
+    DrawCoast(painter, canvas, cape, chance);
+    DrawStage(painter, canvas);
+    DrawDunes(painter, dunes, chance);
+  });
   PaintGround(canvas, dunes.Line(), [](float, float, float) { return Rgb{0.020F, 0.033F, 0.052F}; });
   return canvas.Finished();
 }
