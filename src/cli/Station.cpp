@@ -57,7 +57,7 @@ Station::Station(const Machine& machine, const Request& request, std::ostream& e
     OpenFolder(machine, request);
     engine_.SetDataFolder(platform::AppDir);
     ReadSatellites();
-    PlaceObserver(request);
+    if (request.word != Word::kList) PlaceObserver(request);
     // As in the windows: a minimum that is no number is told, and leaves nothing out.
     kTrap([&] {
       minimumElevationDeg_ = platform::ParseNumber(platform::ApplyCommaRule(platform::ReadSetting("WxEL", "0")));

@@ -42,7 +42,7 @@ class Station {
 
   orbit::OrbitEngine& Engine() { return engine_; }
   orbit::Tables& Tables() { return *tables_; }
-  /// Where the engine's observer stands.
+  /// Where the engine's observer stands; "list" asks from nowhere and leaves it unset.
   const Place& Observer() const { return place_; }
   /// The minimum elevation of the request, or the setting.
   double MinimumElevationDeg() const { return minimumElevationDeg_; }

@@ -83,6 +83,18 @@ TEST_F(ReadOnly, ASettingThatIsNoNumberIsNamed) {
   EXPECT_EQ(Run({"where", "25544", "--at", "0,0,0"}).code, 0);
 }
 
+TEST_F(ReadOnly, AListNeedsNoPlace) {
+  for (const char* place : {"Latitude=here\nLongitude=0\n", "Latitude=91\nLongitude=0\n"}) {
+    PutSettings(place);
+    for (const char* what : {"groups", "satellites", "favourites"}) {
+      const Answer answer = Run({"list", what});
+      EXPECT_EQ(answer.code, 0) << what;
+      EXPECT_EQ(answer.err, "") << what;
+    }
+    EXPECT_EQ(Run({"next"}).code, 1) << "who asks for a rise asks from a place";
+  }
+}
+
 TEST_F(ReadOnly, ChangedFilesAreReadBackFromMemory) {
   UnchangedFiles kept(files);
   files.Put("/house/A.txt", "old");
