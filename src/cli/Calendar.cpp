@@ -97,7 +97,7 @@ void WriteEvent(std::ostream& out, const Place& place, const PassEvent& event) {
   WriteLine(out, "UID:" + event.uid);
   WriteLine(out, "DTSTAMP:" + CalendarText(platform::TheClock().Read().utc));
   WriteTimes(out, pass);
-  const std::string height = std::to_string(static_cast<int>(std::floor(pass.highestElevationDeg)));
+  const std::string height = std::to_string(static_cast<int>(predict::WholeDegrees(pass.highestElevationDeg)));
   WriteLine(out, "SUMMARY:" + Escaped(pass.satellite + ", up to " + height + " degrees"));
   WriteLine(out, "DESCRIPTION:" + Escaped(Description(pass)));
   if (!place.name.empty()) WriteLine(out, "LOCATION:" + Escaped(place.name));

@@ -134,8 +134,8 @@ predict::PassRow RowOf(const PassFacts& pass) {
                       static_cast<std::int16_t>(start.year));
   row[predict::kTimeCell] = pass.allDay ? "00:00:00" : platform::Format(local, "hh:mm:ss");
   row[predict::kStartAzimuthCell] = azimuth(pass.riseAzimuthDeg);
-  row[predict::kMaxElevationCell] =
-      platform::Format(std::floor(pass.highestElevationDeg), "00") + " (AZ " + azimuth(pass.highestAzimuthDeg) + ")";
+  row[predict::kMaxElevationCell] = platform::Format(predict::WholeDegrees(pass.highestElevationDeg), "00") + " (AZ " +
+                                    azimuth(pass.highestAzimuthDeg) + ")";
   row[predict::kDurationCell] = pass.allDay ? "24 Hours" : platform::Format(pass.setUtc - pass.riseUtc, "hh:mm:ss");
   row[predict::kEndAzimuthCell] = azimuth(pass.setAzimuthDeg);
   row[predict::kSunlitCell] = predict::YesNoCell(pass.sunlit);

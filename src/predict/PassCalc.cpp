@@ -60,7 +60,7 @@ SerialDate StartOf(std::string_view entry) {
 }
 
 std::int16_t MaxElevationOf(std::string_view entry) {
-  return ToInt16(std::floor(ParseNumber(Field(entry, 4))));
+  return ToInt16(WholeDegrees(ParseNumber(Field(entry, 4))));
 }
 
 SerialDate DurationOf(std::string_view entry) {
@@ -263,6 +263,11 @@ bool IsAllDay(SerialDate duration) {
   return platform::HourOf(duration) > kMostHours;
 }
 
+double WholeDegrees(double elevationDeg) {
+  constexpr double kListDecimals = 1e4;
+  return std::floor(std::round(elevationDeg * kListDecimals) / kListDecimals);
+}
+
 bool IsTwilight(double sunElevationDeg) {
   return sunElevationDeg >= -18 && sunElevationDeg <= -6;
 }
@@ -292,11 +297,9 @@ PassTally CalcResults(const orbit::Sky& sky, PassTable& table, std::string_view 
 
 std::vector<PassFacts> FindPasses(orbit::OrbitEngine& engine, std::string_view satellite, SerialDate fromUtc,
                                   double days, double minimumElevationDeg) {
-  constexpr double kListDecimals = 1e4;  // to which the rows' pass list rounds before they take the whole degrees
   std::vector<PassFacts> found;
   for (const orbit::Pass& pass : engine.Passes(satellite, fromUtc, days)) {
-    const double elevationDeg = std::round(DegreesOf(pass.highestElevationRad) * kListDecimals) / kListDecimals;
-    if (std::floor(elevationDeg) < minimumElevationDeg) continue;
+    if (WholeDegrees(DegreesOf(pass.highestElevationRad)) < minimumElevationDeg) continue;
     found.push_back(FactsOf(engine, satellite, pass));
   }
   return found;

@@ -52,6 +52,24 @@ TEST_F(Passes, JsonNamesUnitsAndCarriesTheOffset) {
   EXPECT_GT(first["duration_s"], 10.0);
 }
 
+TEST_F(Passes, TheWholeDegreesAreTheWindowsInEveryForm) {
+  // From here one pass climbs to a hair below 73 degrees, which the engine's pass list rounds up.
+  Put("pass.dat", "Day\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
+  const std::vector<std::string> there{"--from", "2026-11-16", "--at", "51.498454,0,30", "--min-elevation", "73"};
+  const auto run = [&](const std::vector<std::string>& words, const char* format) {
+    return Run(With(With(words, there), {"--format", format}));
+  };
+  const std::vector<std::string> passes{"passes", "25544"};
+  const Json all = run(passes, "json").OutAsJson()["passes"];
+  ASSERT_EQ(all.size(), 2u);
+  EXPECT_GE(all[0]["max_elevation_deg"], 72.99995);
+  EXPECT_LT(all[0]["max_elevation_deg"], 73.0);
+  for (const std::string& rows : {run(passes, "text").out, run({"job", "Day"}, "text").out}) {
+    EXPECT_NE(rows.find(" 73 (AZ 16"), std::string::npos) << rows;
+  }
+  EXPECT_NE(run(passes, "ical").out.find("up to 73 degrees"), std::string::npos);
+}
+
 TEST_F(Passes, CsvHasTheSameNumbersAsJson) {
   const Json json = Run(With(kThreeDays, {"--format", "json"})).OutAsJson();
   const std::vector<std::string> lines = Run(With(kThreeDays, {"--format", "csv"})).Lines();

@@ -7,8 +7,11 @@
 
 #include <gtest/gtest.h>
 
+#include "orbit/Frames.h"
+#include "orbit/PassList.h"
 #include "orbit/TimeHelpers.h"
 #include "platform/Files.h"
+#include "platform/Text.h"
 #include "predict/PassCalc.h"
 
 #include "support/SkyHouse.h"
@@ -71,6 +74,20 @@ TEST_F(PassRows, AStartIsShownInLocalTimeByTodaysOffset) {
   ASSERT_EQ(table.RowCount(), 1);
   EXPECT_EQ(Row()[kDateCell], "16 NOV 2026");
   EXPECT_EQ(Row()[kTimeCell], "00:30:00");
+}
+
+TEST_F(PassRows, TheWholeDegreesOfARowAreThoseOfEveryOtherList) {
+  for (const double degrees :
+       {0.00004, 9.99994, 9.99996, 9.9999, 10.0, 10.00004, 47.83, 89.99994999, 89.99995001, 90.0}) {
+    const platform::SerialDate rise = platform::MakeSerial({2026, 11, 15, 9, 5, 7});
+    const orbit::Pass pass{rise, rise + 601.0 / 86400, rise + 300.0 / 86400, degrees * orbit::kRadPerDeg};
+    table.Clear();
+    Rows(platform::ReplaceAll(orbit::PassListText({&pass, 1}), "\"", ""));
+    ASSERT_EQ(table.RowCount(), 1) << degrees;
+    EXPECT_EQ(std::stod(Row()[kMaxElevationCell].substr(0, 2)), WholeDegrees(degrees)) << degrees;
+  }
+  EXPECT_EQ(WholeDegrees(9.99996), 10) << "ten by the list's four decimals";
+  EXPECT_EQ(WholeDegrees(9.99994), 9);
 }
 
 TEST_F(PassRows, TheMinimumElevationIsComparedWithWholeDegrees) {

@@ -48,6 +48,10 @@ bool IsAllDay(platform::SerialDate duration);
 /// Whether the sky is dark enough, and not too dark: the Sun from -18.0 to -6.0 degrees, both ends included.
 bool IsTwilight(double sunElevationDeg);
 
+/// The whole degrees of a highest elevation, as every list of passes shows and compares them: rounded to the four
+/// decimals of the engine's pass list, then down.
+double WholeDegrees(double elevationDeg);
+
 /// A pass in numbers. Moments are Universal Time; azimuths and elevations degrees.
 struct PassFacts {
   std::string satellite;  ///< as asked for
