@@ -30,18 +30,6 @@ void FillCells(TableRow& row, const orbit::ResultBlock& result) {
   row.cells.back() = result.SatDescending != 0 ? "Decending" : "Accending";
 }
 
-/// What a tick has done to the rows is shown also where a fault ends it.
-class ShownAtTheEnd {
- public:
-  explicit ShownAtTheEnd(TableWindowView& view) : view_(view) {}
-  ~ShownAtTheEnd() { view_.ShowChangedRows(); }
-  ShownAtTheEnd(const ShownAtTheEnd&) = delete;
-  ShownAtTheEnd& operator=(const ShownAtTheEnd&) = delete;
-
- private:
-  TableWindowView& view_;
-};
-
 std::string JoinedByTabs(std::span<const std::string> cells) {
   std::string line;
   for (const std::string& cell : cells) {
@@ -101,7 +89,16 @@ void TableWindow::RefreshTable() {
 }
 
 void TableWindow::MainLoop() {
-  const ShownAtTheEnd shown(view_);
+  try {
+    FillLabels(UpdateRows());
+  } catch (...) {
+    view_.ShowChangedRows();  // what the tick has done to the rows is shown also where a fault ends it
+    throw;
+  }
+  view_.ShowChangedRows();
+}
+
+int TableWindow::UpdateRows() {
   const platform::DateParts now = orbit::NowLocalParts();
   int inRange = 0;
   for (TableRow& row : rows_) {
@@ -110,7 +107,7 @@ void TableWindow::MainLoop() {
     UpdateRow(row, now);
     if (row.colour == kInRange) ++inRange;
   }
-  FillLabels(inRange);
+  return inRange;
 }
 
 void TableWindow::UpdateRow(TableRow& row, const platform::DateParts& now) {

@@ -1,6 +1,7 @@
 // The behaviour of the table window over the real engine, driven through a window that only remembers.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -16,12 +17,16 @@ class RememberingTableView : public TableWindowView {
  public:
   void ApplySkin() override { order.emplace_back("skin"); }
   void ShowNewRows() override { order.emplace_back("new rows"); }
-  void ShowChangedRows() override { order.emplace_back("changed rows"); }
+  void ShowChangedRows() override {
+    order.emplace_back("changed rows");
+    if (inShowing) inShowing();
+  }
   void SetLabel(TableLabel label, const std::string& text) override { labels[label] = text; }
   void Minimise() override { order.emplace_back("minimised"); }
   void CloseSelf() override { order.emplace_back("closed"); }
 
   std::vector<std::string> order;
+  std::function<void()> inShowing;
   std::map<TableLabel, std::string> labels;
 };
 

@@ -363,6 +363,16 @@ TEST_F(TableFaults, LeaveWhatStoodBehindThemUndoneAndWhatStoodBeforeDone) {
   EXPECT_NE(Label(TableLabel::kStatus), "");
 }
 
+TEST_F(TableFaults, OfTheShowingItselfAreToldLikeAnyOther) {
+  view.inShowing = [] { throw platform::Fault::InvalidPicture(); };
+  messages.ExpectMessage("Invalid picture (fault 481)");
+  Second();
+  Mend();
+  Second();
+  EXPECT_EQ(messages.Texts().size(), 1u) << "a tick tells each fault once";
+  EXPECT_TRUE(table->Timer1().Enabled());
+}
+
 TEST(RowsAsText, OneLineARowWithTabsBetweenTheCells) {
   std::vector<TableRow> rows(3);
   for (std::size_t i = 0; i < rows.size(); ++i)

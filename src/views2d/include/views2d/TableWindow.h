@@ -93,6 +93,8 @@ class TableWindow {
   const platform::Timer& Timer1() const { return *timer1_; }
 
  private:
+  /// @return how many satellites are in range
+  int UpdateRows();
   void UpdateRow(TableRow& row, const platform::DateParts& now);
   void FillLabels(int inRange);
 
