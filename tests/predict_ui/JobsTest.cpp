@@ -170,6 +170,32 @@ TEST_F(JobsTest, StopAndEscapeEndAJob) {
   EXPECT_FALSE(Child<QWidget>(window, "BUTstop").isEnabled());
 }
 
+TEST_F(JobsTest, GoIsOffWhileAJobRunsAndHasItsFocusBackAfterwards) {
+  Put("pass.dat", kWeekJob);
+  QWidget& window = Open();
+  window.activateWindow();
+  HandleEvents();
+  Select(window, "ListPresets", 0);
+  auto& go = Child<QWidget>(window, "PresetGo");
+  int rowsOfOne = 0;
+  eventLoop.AtYield(2, [&] {
+    EXPECT_FALSE(go.isEnabled());
+    EXPECT_TRUE(Child<QWidget>(window, "BUTcalc").isEnabled()) << "a calculation beside a job counts";
+    EXPECT_EQ(window.focusWidget(), &Child<QWidget>(window, "ListPresets"));
+    Click(window, "PresetGo");
+  });
+  Click(window, "PresetGo");
+  rowsOfOne = Rows(window);
+  EXPECT_TRUE(go.isEnabled());
+  EXPECT_EQ(window.focusWidget(), &go);
+  eventLoop.AtYield(2, [&] { Click(window, "BUTstop"); });
+  Click(window, "PresetGo");
+  EXPECT_TRUE(go.isEnabled()) << "stopped";
+  Click(window, "BUTclearResults");
+  Click(window, "PresetGo");
+  EXPECT_EQ(Rows(window), rowsOfOne) << "the click on Go in its midst added no rows";
+}
+
 TEST_F(JobsTest, TheListMayBeClearedInTheMidstOfAJob) {
   Put("pass.dat", kWeekJob);
   QWidget& window = Open();

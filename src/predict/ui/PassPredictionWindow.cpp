@@ -60,7 +60,7 @@ void PassPredictionWindow::BuildUi() {
   column->addWidget(results_, 1);
   BuildFoot(*column);
   resize(kWidthPx, kHeightPx);
-  UpdateStop();
+  UpdateJobButtons();
   instant_->groupname->setFocus();
 }
 
@@ -109,12 +109,22 @@ void PassPredictionWindow::OnClick(QAbstractButton* button, const char* what, De
 
 void PassPredictionWindow::Run(const char* what, Deed deed) {
   platform::RunUntrapped(what, [&] { (*behaviour_.*deed)(); });
-  UpdateStop();
+  UpdateJobButtons();
 }
 
-/// Stop is there only while it has something to stop.
-void PassPredictionWindow::UpdateStop() {
+/// Stop is there only while it has something to stop, Go only while no job runs. The focus waits beside Go, where no
+/// second press of a key does anything to the job.
+void PassPredictionWindow::UpdateJobButtons() {
   presets_->stop->setEnabled(behaviour_->IsWorking());
+  const bool runs = behaviour_->JobRuns();
+  if (runs && presets_->go->hasFocus()) {
+    presets_->presets->setFocus();
+    focusWaitsForGo_ = true;
+  }
+  presets_->go->setEnabled(!runs);
+  if (runs || !focusWaitsForGo_) return;
+  focusWaitsForGo_ = false;
+  if (presets_->presets->hasFocus()) presets_->go->setFocus();
 }
 
 void PassPredictionWindow::changeEvent(QEvent* event) {
@@ -162,7 +172,7 @@ void PassPredictionWindow::RowsChanged() {
 }
 
 void PassPredictionWindow::ShowSorting(int value, int maximum) {
-  UpdateStop();
+  UpdateJobButtons();
   results_->sorting->setRange(0, maximum);
   results_->sorting->setValue(value);
 }
@@ -171,7 +181,7 @@ void PassPredictionWindow::ShowWork(int done, int total) {
   const bool begins = total > 0 && !workShown_;
   const bool ends = total == 0;
   workShown_ = !ends;
-  UpdateStop();
+  UpdateJobButtons();
   if (ends) {
     presets_->work->reset();
     results_->passes->ShowRows();

@@ -33,7 +33,7 @@ class PassPredictionWindow : public platform::qt::StationWindow, public PassPred
   /// A click runs a deed of the behaviour. @param what  as a message about an untrapped fault begins
   void OnClick(QAbstractButton* button, const char* what, Deed deed);
   void Run(const char* what, Deed deed);
-  void UpdateStop();
+  void UpdateJobButtons();
   bool IsTooSoon();
 
   // PassPredictionView
@@ -64,8 +64,9 @@ class PassPredictionWindow : public platform::qt::StationWindow, public PassPred
   ResultSection* results_ = nullptr;
   platform::qt::SkinButton* min_ = nullptr;
   platform::qt::SkinButton* exit_ = nullptr;
-  bool workShown_ = false;   ///< a job runs
-  double lastShownMs_ = -1;  ///< when the rows of a job were last shown
+  bool workShown_ = false;        ///< a job runs
+  bool focusWaitsForGo_ = false;  ///< it stood on Go when a job began
+  double lastShownMs_ = -1;       ///< when the rows of a job were last shown
 };
 
 }  // namespace kestrava::predict::ui

@@ -79,6 +79,9 @@ class PassPrediction {
   /// A job or a sort runs, or an element file is being read: Stop has something to stop.
   bool IsWorking() const { return jobRunning_ || readsRunning_ > 0 || sortsRunning_ > 0; }
 
+  /// A job runs: another one would be passed over.
+  bool JobRuns() const { return jobRunning_; }
+
   void GroupnameClicked();
   void SatelliteNameClicked();
   void CalendarPicked();
