@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "platform/qt/ChoiceWidgets.h"
+#include "platform/qt/TableLists.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::predict::ui {
@@ -36,7 +37,8 @@ QString TextOfHeads() {
 PassList::PassList(const PassTable& table, QWidget* parent) : QTableView(parent), table_(table), model_(table) {
   BuildLooks();
   setModel(&model_);
-  BuildMenu();
+  menu_ =
+      platform::qt::AddCopyMenu(*this, "mnuPasses", tr("Passes"), [this](bool withHeads) { CopySelection(withHeads); });
   FitHeads();
 }
 
@@ -45,42 +47,13 @@ PassList::~PassList() {
 }
 
 void PassList::BuildLooks() {
-  setAlternatingRowColors(true);
-  setShowGrid(false);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
-  setSelectionBehavior(SelectRows);
-  setSelectionMode(ExtendedSelection);
-  setEditTriggers(NoEditTriggers);
-  setTabKeyNavigation(false);
-  setHorizontalScrollMode(ScrollPerPixel);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setMinimumSectionSize(1);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMarginPx);
+  platform::qt::ShapeRows(*this, kRowMarginPx);
   horizontalHeader()->setHighlightSections(false);
   horizontalHeader()->setStretchLastSection(true);
   QSizePolicy keepsItsPlace(QSizePolicy::Expanding, QSizePolicy::Expanding);
   keepsItsPlace.setRetainSizeWhenHidden(true);  // it is hidden while it is sorted
   setSizePolicy(keepsItsPlace);
-}
-
-void PassList::BuildMenu() {
-  menu_ = platform::qt::Named(new QMenu(this), "mnuPasses", tr("Passes"));
-  const auto add = [this](const char* name, const QString& text, const QKeySequence& key, auto deed) {
-    QAction* entry = menu_->addAction(text, this, deed);
-    entry->setObjectName(name);
-    entry->setShortcut(key);
-    entry->setShortcutContext(Qt::WidgetShortcut);
-    addAction(entry);
-  };
-  add("mnuCopy", tr("&Copy"), QKeySequence::Copy, [this] { CopySelection(false); });
-  add("mnuCopyHeads", tr("Copy with &Heads"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { CopySelection(true); });
-  menu_->addSeparator();
-  add("mnuSelectAll", tr("Select &All"), QKeySequence::SelectAll, [this] { selectAll(); });
-  setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(this, &QWidget::customContextMenuRequested, this,
-          [this](QPoint at) { menu_->popup(viewport()->mapToGlobal(at)); });
 }
 
 /// Columns that show their heads and an ordinary row, before there is any.

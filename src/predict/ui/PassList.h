@@ -33,7 +33,6 @@ class PassList : public QTableView {
 
  private:
   void BuildLooks();
-  void BuildMenu();
   void FitHeads();
   void WidenColumns();
   int WidthFor(const std::string& text) const;

@@ -9,6 +9,7 @@
 
 #include "platform/qt/Fonts.h"
 #include "platform/qt/ImageSurface.h"
+#include "platform/qt/TableLists.h"
 #include "platform/qt/Widgets.h"
 
 #include "TableLooks.h"
@@ -35,7 +36,8 @@ TableList::TableList(const std::vector<TableRow>& rows, QWidget* parent)
   BuildLooks();
   setModel(&order_);
   BuildHeads();
-  BuildMenu();
+  menu_ =
+      platform::qt::AddCopyMenu(*this, "mnuTable", tr("Table"), [this](bool withHeads) { CopySelection(withHeads); });
   FitColumns();
 }
 
@@ -54,18 +56,7 @@ void TableList::BuildLooks() {
   readable.setPixelSize(kFontPx);
   setFont(readable);
   setItemDelegate(new TableCells(this));
-  setAlternatingRowColors(true);
-  setShowGrid(false);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
-  setSelectionBehavior(SelectRows);
-  setSelectionMode(ExtendedSelection);
-  setEditTriggers(NoEditTriggers);
-  setTabKeyNavigation(false);
-  setHorizontalScrollMode(ScrollPerPixel);
-  verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowMarginPx);
+  platform::qt::ShapeRows(*this, kRowMarginPx);
 }
 
 void TableList::BuildHeads() {
@@ -75,24 +66,6 @@ void TableList::BuildHeads() {
   connect(heads, &QHeaderView::sectionResized, this, [this](int column) {
     if (!fitting_ && column != kLastColumn) FillWithLastColumn();
   });
-}
-
-void TableList::BuildMenu() {
-  menu_ = platform::qt::Named(new QMenu(this), "mnuTable", tr("Table"));
-  const auto add = [this](const char* name, const QString& text, const QKeySequence& key, auto deed) {
-    QAction* entry = menu_->addAction(text, this, deed);
-    entry->setObjectName(name);
-    entry->setShortcut(key);
-    entry->setShortcutContext(Qt::WidgetShortcut);
-    addAction(entry);
-  };
-  add("mnuCopy", tr("&Copy"), QKeySequence::Copy, [this] { CopySelection(false); });
-  add("mnuCopyHeads", tr("Copy with &Heads"), Qt::CTRL | Qt::SHIFT | Qt::Key_C, [this] { CopySelection(true); });
-  menu_->addSeparator();
-  add("mnuSelectAll", tr("Select &All"), QKeySequence::SelectAll, [this] { selectAll(); });
-  setContextMenuPolicy(Qt::CustomContextMenu);
-  connect(this, &QWidget::customContextMenuRequested, this,
-          [this](QPoint at) { menu_->popup(viewport()->mapToGlobal(at)); });
 }
 
 void TableList::ShowNewRows() {

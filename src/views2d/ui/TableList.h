@@ -37,7 +37,6 @@ class TableList : public QTableView {
  private:
   void BuildLooks();
   void BuildHeads();
-  void BuildMenu();
   void FitColumns();
   void WidenColumns();
   void FillWithLastColumn();
