@@ -1,3 +1,4 @@
+#include <QAccessible>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -323,6 +324,23 @@ TEST_F(LocationsWindowTest, WhileItLoadsNothingIsWritten) {
   windows->Show("frmCONlocations");
   EXPECT_TRUE(settings.Writes().empty());
   EXPECT_EQ(files.ChangeCount(), changes);
+}
+
+TEST_F(LocationsWindowTest, EveryControlHasANameForAssistivePrograms) {
+  Open();
+  for (QWidget* widget : Window().findChildren<QWidget*>()) {
+    if (widget->focusPolicy() == Qt::NoFocus) continue;
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(accessible, nullptr);
+    EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << widget->objectName().toStdString();
+  }
+}
+
+TEST_F(LocationsWindowTest, EveryButtonSaysInItsToolTipWhatItDoes) {
+  Open();
+  for (const char* button : {"BUTaddlocations", "BUTsaveSetting", "BUTremovelocations", "BUTsetPrime"}) {
+    EXPECT_GT(Child<QWidget>(button).toolTip().size(), 20) << button;
+  }
 }
 
 TEST_F(LocationsWindowTest, EveryMnemonicOfAPageLeadsToOneControl) {

@@ -203,9 +203,8 @@ void LocationsWindow::TakeCity(const store::City& city) {
   PickedPlace place{city.latitudeDeg, city.longitudeEastDeg, city.name, std::nullopt};
   if (city.heightM) place.heightM = static_cast<std::int16_t>(*city.heightM);
   Do([&] { behaviour_->PlacePicked(place); });
-  form_->cityAnswer->setText(city.heightM ? tr("Its name, place and height stand in the boxes below.")
-                                          : tr("Its name and place stand in the boxes below. The list has no height of "
-                                               "it: see that the one below is right."));
+  form_->cityAnswer->setText(city.heightM ? tr("Name, place and height are filled in.")
+                                          : tr("Filled in but for the height: the list has none."));
 }
 
 void LocationsWindow::ShowSearch(int found) {
