@@ -9,13 +9,13 @@
 #include "orbit/Satcalc.h"
 #include "orbit/Tables.h"
 
-#include "BestOfRuns.h"
 #include "CitiesBench.h"
 #include "DaylightBench.h"
 #include "PassBench.h"
 #include "PlatformBench.h"
 #include "SampleSky.h"
 #include "SearchYardstick.h"
+#include "runs/BestOfRuns.h"
 
 namespace kestrava::bench {
 namespace {
@@ -183,8 +183,5 @@ int main(int argc, char** argv) {
   for (const Asked& row : RegisterPassBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterPlatformBenchmarks()) asked.push_back(row);
   for (const Asked& row : RegisterCitiesBenchmarks()) asked.push_back(row);
-  BestOfRuns reporter(asked);
-  benchmark::RunSpecifiedBenchmarks(&reporter);
-  if (!reporter.PrintSummary()) std::puts("\nnot everything asked was reached on this machine at this time");
-  return 0;
+  return RunAndJudge(asked, Time::kProcessor);
 }

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "BestOfRuns.h"
+#include "runs/BestOfRuns.h"
 
 namespace kestrava::bench {
 

@@ -2,7 +2,6 @@
 // figure that counts. KESTRAVA_BENCH_PICTURE=FILE.png saves the picture.
 #include <QApplication>
 #include <QImage>
-#include <algorithm>
 #include <cstdlib>
 
 #include <benchmark/benchmark.h>
@@ -10,10 +9,14 @@
 #include "views2d/HorizonPainter.h"
 
 #include "BenchStation.h"
+#include "runs/BestOfRuns.h"
 
 namespace {
 
+using kestrava::bench::AddFiveRuns;
 using kestrava::bench::BenchStation;
+using kestrava::bench::RunAndJudge;
+using kestrava::bench::Time;
 namespace views2d = kestrava::views2d;
 
 constexpr int kMostFavourites = 499;
@@ -67,23 +70,11 @@ HorizonStation& Station() {
   return station;
 }
 
-double Best(const std::vector<double>& times) {
-  return *std::min_element(times.begin(), times.end());
-}
-
 void PaintScreen(benchmark::State& state) {
   for (auto _ : state) Station().Paint();
 }
 void DrawSkyTrack(benchmark::State& state) {
   for (auto _ : state) Station().Track();
-}
-
-void Add(const char* name, void (*function)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(name, function)
-      ->Unit(benchmark::kMillisecond)
-      ->Repetitions(5)
-      ->ComputeStatistics("best", Best)
-      ->ReportAggregatesOnly(true);
 }
 
 }  // namespace
@@ -93,8 +84,9 @@ int main(int argc, char** argv) {
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
   if (!Station().SelectSlowest()) return 1;
-  Add("PaintScreen (asked: 40 ms)", PaintScreen);
-  Add("DrawSkyTrack", DrawSkyTrack);
-  benchmark::RunSpecifiedBenchmarks();
+  AddFiveRuns("PaintScreen", PaintScreen);
+  AddFiveRuns("DrawSkyTrack", DrawSkyTrack);
+  const int exitCode = RunAndJudge({{"PaintScreen", 0, 40e-3, ""}, {"DrawSkyTrack", 0, 0, ""}}, Time::kWall);
   if (const char* file = std::getenv("KESTRAVA_BENCH_PICTURE")) Station().SavePicture(file);
+  return exitCode;
 }

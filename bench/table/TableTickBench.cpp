@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QHeaderView>
 #include <QTableView>
-#include <algorithm>
 #include <cstdlib>
 #include <filesystem>
 #include <map>
@@ -17,6 +16,7 @@
 #include "views2d/ui/TableView.h"
 
 #include "map/BenchStation.h"
+#include "runs/BestOfRuns.h"
 
 namespace {
 
@@ -127,10 +127,6 @@ TableBench::~TableBench() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
-double Best(const std::vector<double>& times) {
-  return *std::min_element(times.begin(), times.end());
-}
-
 void Measure(benchmark::State& state, bool painted, int sortedBy) {
   TableBench table;
   table.SortBy(sortedBy);
@@ -153,22 +149,17 @@ void SortedByRange(benchmark::State& state) {
   Measure(state, true, 3);
 }
 
-void Add(const char* name, void (*function)(benchmark::State&)) {
-  benchmark::RegisterBenchmark(name, function)
-      ->Unit(benchmark::kMillisecond)
-      ->Repetitions(5)
-      ->ComputeStatistics("best", Best)
-      ->ReportAggregatesOnly(true);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
   if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  Add("TableTick (asked: 30 ms)", TableTick);
-  Add("TableTick without the paint", WithoutPaint);
-  Add("TableTick, sorted by range", SortedByRange);
-  benchmark::RunSpecifiedBenchmarks();
+  bench::AddFiveRuns("TableTick", TableTick);
+  bench::AddFiveRuns("TableTick without the paint", WithoutPaint);
+  bench::AddFiveRuns("TableTick, sorted by range", SortedByRange);
+  return bench::RunAndJudge({{"TableTick", 0, 30e-3, ""},
+                             {"TableTick without the paint", 0, 0, ""},
+                             {"TableTick, sorted by range", 0, 0, ""}},
+                            bench::Time::kWall);
 }
