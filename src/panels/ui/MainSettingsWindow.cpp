@@ -182,6 +182,9 @@ void MainSettingsWindow::SetClocks(int index) {
   QAbstractButton* button = clocks_->button(index);
   if (button == nullptr) throw platform::Fault::SubscriptOutOfRange();
   button->setChecked(true);
+  // Tab is to lead to the chosen one: the toolkit sees to that only from the first click on.
+  for (QAbstractButton* each : clocks_->buttons())
+    each->setFocusPolicy(each == button ? Qt::StrongFocus : Qt::ClickFocus);
 }
 
 std::string MainSettingsWindow::WavFolder() const {
