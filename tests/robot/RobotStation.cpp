@@ -62,6 +62,9 @@ std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::s
 RobotStation::RobotStation(SpeechMaker makeSpeech) {
   for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
     house_.Put(entry.path().filename().string(), BytesOf(entry.path()));
+  house_.Put("pass.dat",
+             "Two days\r\nISS (ZARYA);\r\nNOAA 19;\r\n2\r\n0\r\n0\r\n"
+             "Kept and printed\r\nHST;\r\n1\r\n1\r\n1\r\n");
   house_.clock.SetUtc({2026, 11, 15, 18, 0, 0});
   house_.clock.SetOffsetHours(1);
   house_.settings.Set("Latitude", "47.4");
