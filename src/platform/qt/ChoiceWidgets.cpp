@@ -1,12 +1,17 @@
 #include "platform/qt/ChoiceWidgets.h"
 
+#include <QKeyEvent>
 #include <QListView>
 #include <QPainter>
 #include <QScopedValueRollback>
+#include <QScreen>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
+
+#include "ComboSearch.h"
 
 namespace kestrava::platform::qt {
 
@@ -15,6 +20,21 @@ namespace {
 constexpr int kEntriesSeen = 20;
 constexpr int kLeastLetters = 16;
 constexpr int kHintMarginPx = 12;
+constexpr int kPopupEdgesPx = 4;
+
+/// Below the combo, or above it where there is more room: a list as tall as the screen would leave a search's few
+/// matches far from the eye.
+void PlacePopup(const QComboBox& combo, QWidget& popup, int wantedHeightPx) {
+  const QRect screen = combo.screen()->availableGeometry();
+  const QRect place(combo.mapToGlobal(QPoint()), combo.size());
+  const int below = screen.bottom() - place.bottom();
+  const int above = place.top() - screen.top();
+  const bool goesDown = below >= std::min(wantedHeightPx, above);
+  const int height = std::min(wantedHeightPx, goesDown ? below : above);
+  const int top = goesDown ? place.bottom() + 1 : place.top() - height;
+  const int left = std::clamp(place.left(), screen.left(), std::max(screen.left(), screen.right() + 1 - popup.width()));
+  popup.setGeometry(left, top, popup.width(), height);
+}
 
 }  // namespace
 
@@ -63,6 +83,27 @@ void ComboList::wheelEvent(QWheelEvent* event) {
 void ComboList::SetIndex(int index) {
   if (index < 0 || index >= count()) throw Fault::SubscriptOutOfRange();
   setCurrentIndex(index);
+}
+
+void ComboList::showPopup() {
+  QComboBox::showPopup();
+  if (!search_ && IsSearched() && qobject_cast<QListView*>(view())) search_ = new ComboSearch(*this);
+  if (!search_) return;
+  search_->setVisible(IsSearched());
+  if (!IsSearched()) return;
+  const int rows = std::max(view()->sizeHintForRow(0), fontMetrics().height()) * kEntriesSeen;
+  PlacePopup(*this, *view()->window(), search_->sizeHint().height() + rows + kPopupEdgesPx);
+  search_->setFocus();
+}
+
+/// A letter drops a long list down and begins the search there; in a short one it chooses, as the toolkit has it.
+void ComboList::keyPressEvent(QKeyEvent* event) {
+  const QString letter = event->text().trimmed();
+  const bool types = !letter.isEmpty() && letter.front().isPrint() &&
+                     !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));
+  if (!types || !IsSearched()) return QComboBox::keyPressEvent(event);
+  showPopup();
+  if (search_) search_->insert(letter);
 }
 
 ListBox::ListBox(QWidget* parent) : QListWidget(parent) {

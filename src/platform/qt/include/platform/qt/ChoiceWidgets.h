@@ -8,8 +8,11 @@
 
 namespace kestrava::platform::qt {
 
+class ComboSearch;
+
 /// Shows a prompt until an entry is chosen. What the user chooses, also anew, is told by the signal `activated`. One
-/// that is made editable takes any text.
+/// that is made editable takes any text. The list of one with more entries than it shows at once is searched by typing,
+/// dropped down or not.
 class ComboList : public QComboBox, public ComboControl {
   Q_OBJECT
 
@@ -23,9 +26,17 @@ class ComboList : public QComboBox, public ComboControl {
   int Index() const override { return currentIndex(); }
   void SetIndex(int index) override;
 
+  void showPopup() override;
+
  protected:
+  void keyPressEvent(QKeyEvent* event) override;
   /// Without the focus the wheel scrolls what the list stands in, and chooses nothing.
   void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  bool IsSearched() const { return count() > maxVisibleItems() && !isEditable(); }
+
+  ComboSearch* search_ = nullptr;
 };
 
 class ListBox : public QListWidget, public virtual ListBoxControl {
