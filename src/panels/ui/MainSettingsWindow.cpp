@@ -46,7 +46,7 @@ MainSettingsWindow::MainSettingsWindow() : StationWindow(kMainSettingsWindow) {
 }
 
 void MainSettingsWindow::BuildUi() {
-  auto* page = new QWidget(this);
+  QWidget* page = MakePage(*this);
   LayOutPanel(*this, page, {BuildSpeech(page), BuildDisplay(page), BuildTracking(page), BuildRecording(page)});
   checks_[PlaceOf(MainCheck::kSpeech)]->setFocus();
 }

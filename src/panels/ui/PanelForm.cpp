@@ -1,5 +1,6 @@
 #include "PanelForm.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QScreen>
@@ -21,11 +22,26 @@ namespace {
 
 constexpr int kMarginPx = 12;
 constexpr int kGapPx = 8;
-constexpr int kPageWidthPx = 760;  // wider a page is not easier to read
+constexpr int kPageLetters = 130;  // wider a page is not easier to read
 constexpr int kLeastWidthPx = 260;
 constexpr int kLeastHeightPx = 160;
 constexpr int kUsualWidthPx = 620;
 constexpr double kShareOfScreen = 0.9;
+
+/// Not wider than is easy to read, but never narrower than its texts need.
+class Page : public QWidget {
+ public:
+  using QWidget::QWidget;
+
+ protected:
+  bool event(QEvent* event) override {
+    const bool handled = QWidget::event(event);
+    if (event->type() == QEvent::LayoutRequest || event->type() == QEvent::Polish) {
+      setMaximumWidth(std::max(kPageLetters * fontMetrics().averageCharWidth(), minimumSizeHint().width()));
+    }
+    return handled;
+  }
+};
 
 /// The fields of all sections begin at the same place.
 void AlignFields(const std::vector<QGroupBox*>& sections) {
@@ -58,6 +74,10 @@ QString WithMnemonic(std::string_view text, std::string_view at) {
   QString marked = ToQt(text);
   const qsizetype place = marked.indexOf(ToQt(at));
   return place < 0 ? marked : marked.insert(place, '&');
+}
+
+QWidget* MakePage(QWidget& window) {
+  return new Page(&window);
 }
 
 QGroupBox* MakeSection(const char* name, const QString& title, QWidget* parent) {
@@ -115,7 +135,6 @@ void LayOutPanel(QWidget& window, QWidget* page, const std::vector<QGroupBox*>& 
   AlignFields(sections);
   AlignSliders(*page);
   column->addStretch(1);
-  page->setMaximumWidth(kPageWidthPx);
   QScrollArea* area = platform::qt::ScrollingArea(page, &window);
   area->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   auto* whole = new QVBoxLayout(&window);

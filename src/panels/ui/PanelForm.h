@@ -14,6 +14,8 @@ namespace kestrava::panels::ui {
 /// A text with the mark of its mnemonic in front of the first place where `at` stands in it.
 QString WithMnemonic(std::string_view text, std::string_view at);
 
+/// What the sections of a panel stand in.
+QWidget* MakePage(QWidget& window);
 /// An empty section of a panel. @param title  what the user reads on top of it
 QGroupBox* MakeSection(const char* name, const QString& title, QWidget* parent);
 /// A section's grid: labels, then fields, which take what is left.
@@ -28,8 +30,8 @@ void AddFieldWithUnit(QGridLayout& grid, const QString& label, QWidget* field, c
 /// Adds a line of explanation.
 void AddNote(QGridLayout& grid, const QString& text);
 
-/// Puts the sections into the window, in a page that scrolls where the window is small and stays readable where it is
-/// large, and makes the window as large as they need, if the screen is.
+/// Puts the sections into the page and the page into the window, where it scrolls if the window is small and stays
+/// readable if it is large, and makes the window as large as they need, if the screen is.
 void LayOutPanel(QWidget& window, QWidget* page, const std::vector<QGroupBox*>& sections);
 
 }  // namespace kestrava::panels::ui

@@ -32,7 +32,7 @@ Settings2DWindow::Settings2DWindow() : StationWindow(kSettings2DWindow) {
 }
 
 void Settings2DWindow::BuildUi() {
-  auto* page = new QWidget(this);
+  QWidget* page = MakePage(*this);
   LayOutPanel(*this, page, {BuildMap(page), BuildPictures(page)});
   checks_[PlaceOf(MapCheck::kInfoPane)]->setFocus();
 }

@@ -107,9 +107,10 @@ bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
 std::optional<std::filesystem::path> QtFileChooser::ChooseSaveFile(std::string_view title,
                                                                    const std::filesystem::path& suggested) {
   const QtEventLoop::Busy busy;
+  QString kinds = QObject::tr("All files (*)");
+  if (suggested.extension() == ".txt") kinds = QObject::tr("Text files (*.txt)") + ";;" + kinds;
   const QString file =
-      QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title), ToQt(suggested.string()),
-                                   QObject::tr("Text files (*.txt)") + ";;" + QObject::tr("All files (*)"));
+      QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQt(title), ToQt(suggested.string()), kinds);
   if (file.isEmpty()) return std::nullopt;
   return std::filesystem::path(FromQt(file));
 }
