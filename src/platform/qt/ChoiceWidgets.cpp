@@ -91,6 +91,7 @@ void ComboList::showPopup() {
   if (!search_) return;
   search_->setVisible(IsSearched());
   if (!IsSearched()) return;
+  search_->clear();
   const int rows = std::max(view()->sizeHintForRow(0), fontMetrics().height()) * kEntriesSeen;
   PlacePopup(*this, *view()->window(), search_->sizeHint().height() + rows + kPopupEdgesPx);
   search_->setFocus();
