@@ -24,7 +24,7 @@ foreach(round first second)
     message(FATAL_ERROR "the ${round} tour ends with code ${code}:\n${said}")
   endif()
   foreach(window frmSplash frmLAUNCHER mnu1 mnu2 mnu3 WorldView WorldView-NWQ WorldView-NCQ WorldView-NEQ WorldView-SWQ
-      WorldView-SCQ WorldView-SEQ Horizon About PassPrediction PassWizard frmCONlocations
+      WorldView-SCQ WorldView-SEQ Horizon About PassPrediction PassWizard frmCONmain frmCONlocations frmCON2D
       SystemInformation SystemInformation-graphics frmViewer)
     if(NOT EXISTS "${FOLDER}/pictures/${window}.png")
       message(FATAL_ERROR "the ${round} tour has no picture of ${window}")
