@@ -55,15 +55,6 @@ const std::vector<SettingChoice>& Choices() {
   return choices;
 }
 
-template <class Control>
-std::vector<Control*> UsableIn(QWidget* window) {
-  std::vector<Control*> usable;
-  if (!window) return usable;
-  for (Control* control : window->findChildren<Control*>())
-    if (control->isVisible() && control->isEnabled()) usable.push_back(control);
-  return usable;
-}
-
 void ClosePopUps() {
   while (QWidget* popUp = QApplication::activePopupWidget()) popUp->close();
 }
@@ -77,13 +68,17 @@ void Robot::Act() {
     int weight;
     Deed deed;
   };
-  static constexpr Weighted kDeeds[] = {
-      {30, &Robot::LetTimePass},         {1, &Robot::LetHoursPass},    {12, &Robot::ClickAButton},
-      {12, &Robot::ChooseAMenuEntry},    {12, &Robot::ClickTheMap},    {10, &Robot::PressAKey},
-      {6, &Robot::MoveASlider},          {6, &Robot::ResizeAWindow},   {2, &Robot::MinimiseAWindow},
-      {4, &Robot::ClickTheTable},        {8, &Robot::ChooseFromAList}, {3, &Robot::TypeANumber},
-      {6, &Robot::ChangeASetting},       {5, &Robot::OpenAWindow},     {4, &Robot::CloseAWindow},
-      {4, &Robot::ComeBackToTheLauncher}};
+  static constexpr Weighted kDeeds[] = {{30, &Robot::LetTimePass},    {1, &Robot::LetHoursPass},
+                                        {12, &Robot::ClickAButton},   {12, &Robot::ChooseAMenuEntry},
+                                        {12, &Robot::ClickTheMap},    {10, &Robot::PressAKey},
+                                        {6, &Robot::MoveASlider},     {6, &Robot::ResizeAWindow},
+                                        {2, &Robot::MinimiseAWindow}, {4, &Robot::ClickTheTable},
+                                        {8, &Robot::ChooseFromAList}, {3, &Robot::TypeANumber},
+                                        {6, &Robot::ChangeASetting},  {5, &Robot::OpenAWindow},
+                                        {4, &Robot::CloseAWindow},    {4, &Robot::ComeBackToTheLauncher},
+                                        {5, &Robot::TickARow},        {4, &Robot::TypeNonsense},
+                                        {3, &Robot::SearchSomething}, {3, &Robot::ClickThePlaceMap},
+                                        {3, &Robot::GoToAControl},    {3, &Robot::MoveByKeys}};
   int sum = 0;
   for (const Weighted& each : kDeeds) sum += each.weight;
   int drawn = Below(sum);
@@ -120,7 +115,17 @@ QWidget* Robot::SomeWindow() {
     auto* widget = dynamic_cast<QWidget*>(window);
     if (widget && widget->isVisible()) windows.push_back(widget);
   }
-  return windows.empty() ? nullptr : OneOf(windows);
+  return windows.empty() ? nullptr : ComeTo(OneOf(windows));
+}
+
+/// Whoever clicks or types in a window has come to it.
+QWidget* Robot::ComeTo(QWidget* window) {
+  if (!window || window->isActiveWindow()) return window;
+  station_.Loop().RunEvent([=] {
+    window->activateWindow();
+    QCoreApplication::processEvents();
+  });
+  return window;
 }
 
 void Robot::LetTimePass() {
@@ -140,6 +145,7 @@ void Robot::ClickAButton() {
   auto buttons = UsableIn<QAbstractButton>(SomeWindow());
   // The toolkit's own extension button of a narrow menu bar waits in a loop for the user's choice.
   std::erase_if(buttons, [](QAbstractButton* button) { return qobject_cast<QToolButton*>(button) != nullptr; });
+  std::erase_if(buttons, [](QAbstractButton* button) { return DeletesTheFirstGroup(*button); });
   if (buttons.empty()) return;
   QAbstractButton* button = OneOf(buttons);
   Do("clicks " + button->objectName().toStdString(), [button] { QTest::mouseClick(button, Qt::LeftButton); });
@@ -220,6 +226,7 @@ void Robot::PressAKey() {
   const Qt::KeyboardModifier modifier = OneOf(modifiers);
   QWidget* target = window->focusWidget() ? window->focusWidget() : window;
   if (qobject_cast<QLineEdit*>(target) && key == Qt::Key_A) return;  // days that are no number are a fault by right
+  if (DeletesTheFirstGroup(*target)) return;
   Do("presses a key in " + target->objectName().toStdString(), [=] { QTest::keyClick(target, key, modifier); });
 }
 
@@ -256,8 +263,9 @@ void Robot::ChangeASetting() {
 
 void Robot::OpenAWindow() {
   static const std::vector<const char*> modes{"worldnormal", "worldalt", "NWQ", "NCQ", "NEQ", "SWQ", "SCQ", "SEQ"};
-  static const std::vector<const char*> others{"About",   "SystemInformation", "WorldView",  "Tabular",
-                                               "Horizon", "PassPrediction",    "PassWizard", "frmCONGroups"};
+  static const std::vector<const char*> others{"About",      "SystemInformation", "WorldView",  "Tabular",
+                                               "Horizon",    "PassPrediction",    "PassWizard", "frmCONGroups",
+                                               "frmCONmain", "frmCONlocations",   "frmCON2D"};
   const char* mode = OneOf(modes);
   const std::string other = OneOf(others);
   const bool quadrant = Below(3) == 0 && station_.Windows().Loaded().size() < 8;

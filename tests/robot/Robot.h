@@ -12,6 +12,19 @@
 
 namespace kestrava::robot {
 
+/// The controls of a kind in a window that a user can work with now.
+template <class Control>
+std::vector<Control*> UsableIn(const QWidget* window) {
+  std::vector<Control*> usable;
+  if (!window) return usable;
+  for (Control* control : window->findChildren<Control*>())
+    if (control->isVisible() && control->isEnabled()) usable.push_back(control);
+  return usable;
+}
+
+/// The first group would be deleted by it: a station without its element file ends, and the robot has one run.
+bool DeletesTheFirstGroup(const QWidget& control);
+
 class Robot {
  public:
   Robot(RobotStation& station, unsigned seed);
@@ -30,6 +43,7 @@ class Robot {
   }
   /// A visible top-level window of the station, or null.
   QWidget* SomeWindow();
+  QWidget* ComeTo(QWidget* window);
   void AnswerAnInputBox();
   void Do(const std::string& deed, const std::function<void()>& work);
 
@@ -49,6 +63,15 @@ class Robot {
   void OpenAWindow();
   void CloseAWindow();
   void ComeBackToTheLauncher();
+
+  // In the windows of settings.
+  QWidget* SomePanel();
+  void TickARow();
+  void TypeNonsense();
+  void SearchSomething();
+  void ClickThePlaceMap();
+  void GoToAControl();
+  void MoveByKeys();
 
   RobotStation& station_;
   std::mt19937 random_;
