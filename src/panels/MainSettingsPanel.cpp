@@ -46,7 +46,9 @@ struct SoundPanel {
 std::vector<SoundPanel> SoundPanels() {
   return {{"pavucontrol", {}},
           {"gnome-control-center", {"sound"}},
+          {"systemsettings", {"kcm_pulseaudio"}},
           {"systemsettings5", {"kcm_pulseaudio"}},
+          {"pavucontrol-qt", {}},
           {"cinnamon-settings", {"sound"}},
           {"mate-volume-control", {}}};
 }
@@ -136,17 +138,21 @@ bool MainSettingsPanel::FillVoices() {
 }
 
 void MainSettingsPanel::TurnSpeechOn() {
-  if (!FillVoices()) return;
+  const FaultTrap trap{kSpeechTrap};
+  bool offered = true;
+  trap([&] { offered = FillVoices(); });  // a stored voice that is not here leaves none chosen
+  if (!offered) return;
   // The running engine may never have been told either: the launcher does so only where speech is on at its load.
-  platform::TheSpeech().SelectVoice(view_.VoiceSelect().Index() + 1);
-  platform::TheSpeech().SetSpeed(view_.Slider(MainSlider::kSpeechSpeed).Value());
+  const int voice = view_.VoiceSelect().Index() + 1;
+  if (voice > 0) trap([&] { platform::TheSpeech().SelectVoice(voice); });
+  trap([&] { platform::TheSpeech().SetSpeed(view_.Slider(MainSlider::kSpeechSpeed).Value()); });
 }
 
 void MainSettingsPanel::CheckClicked(MainCheck check) {
   if (loading_) return;
   StoreSetting(RowOf(check), view_.Check(check));
   if (check == MainCheck::kSkin) view_.ApplySkinToAll();
-  if (check == MainCheck::kSpeech && view_.Check(check).IsChecked()) FaultTrap{kSpeechTrap}([&] { TurnSpeechOn(); });
+  if (check == MainCheck::kSpeech && view_.Check(check).IsChecked()) TurnSpeechOn();
 }
 
 void MainSettingsPanel::ClocksClicked(int index) {

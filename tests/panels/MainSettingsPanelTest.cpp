@@ -242,6 +242,16 @@ TEST_F(MainSettingsPanelTest, AStoredVoiceThatThisMachineDoesNotHaveIsLogged) {
   EXPECT_EQ(view.voices.entries.size(), 2u);
 }
 
+TEST_F(MainSettingsPanelTest, SpeechTurnedOnWithAVoiceThatIsNotHereStillTakesTheSpeed) {
+  platform::WriteSetting("Voice", "9");
+  platform::WriteSetting("SpeechSpeed", "120");
+  panel.Load();
+  Tick(MainCheck::kSpeech, true);
+  EXPECT_EQ(TakeFaults(), Texts{"Subscript out of range - mainCON - CHspeechpack"});
+  EXPECT_EQ(speech.voice, 0) << "none is taken in its place";
+  EXPECT_EQ(speech.speed, 120);
+}
+
 TEST_F(MainSettingsPanelTest, AWindowThatClosesWhileVoicesAreOfferedIsLeftAlone) {
   panel.Load();
   eventLoop.AtYield(1, [&] { panel.Unload(); });

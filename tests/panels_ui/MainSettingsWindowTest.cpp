@@ -165,6 +165,25 @@ TEST_F(MainSettingsWindowTest, SpeechOnWithoutVoicesIsSaidAndStaysStoredAsOn) {
   EXPECT_TRUE(OpenMain().isVisible()) << "the load says it, too, and the window comes";
 }
 
+TEST_F(MainSettingsWindowTest, AWindowThatIsUnloadedWhileItsFirstMessageStandsGoes) {
+  settings.Set("Speechpack", "1");
+  speech.voices.clear();
+  messages.ExpectMessage("No Speech Engines Found", [&] {
+    ASSERT_NE(windows->Find(kMainSettingsWindow), nullptr);
+    windows->Unload(*windows->Find(kMainSettingsWindow));
+  });
+  EXPECT_THROW(OpenMain(), std::exception);
+  EXPECT_EQ(windows->Find(kMainSettingsWindow), nullptr);
+}
+
+TEST_F(MainSettingsWindowTest, AWindowThatWasNeverSeenStoresNothing) {
+  settings.Set("Voice", "2");
+  eventLoop.RunEvent([&] { EXPECT_FALSE(windows->IsVisible(kMainSettingsWindow)); });
+  settings.ForgetAccesses();
+  eventLoop.RunEvent([&] { windows->Unload(*windows->Find(kMainSettingsWindow)); });
+  EXPECT_EQ(settings.Get("Voice"), "2");
+}
+
 TEST_F(MainSettingsWindowTest, AVoiceThatCannotBeTakenIsSaid) {
   settings.Set("Speechpack", "1");
   QWidget& window = OpenMain();

@@ -164,6 +164,15 @@ TEST_F(SettingsOnTheMap, AnotherPictureShowsWhenAMapIsOpened) {
   EXPECT_GT(changed, after.width() / 2);
 }
 
+TEST_F(SettingsOnTheMap, TheMapsMenuOpensTheControls) {
+  QWidget& map = Open();
+  Run(3);
+  ASSERT_EQ(windows->Find(kSettings2DWindow), nullptr);
+  eventLoop.RunEvent([&] { Entry(map, "mnu2Dcontrols").trigger(); });
+  ASSERT_NE(windows->Find(kSettings2DWindow), nullptr);
+  EXPECT_TRUE(windows->IsVisible(kSettings2DWindow));
+}
+
 TEST_F(SettingsOnTheMap, TheSkinShowsAtOnceInAnOpenMap) {
   QWidget& map = Open();
   Run(3);

@@ -47,6 +47,16 @@ TEST_F(Choices, ClearLeavesTheText) {
   EXPECT_EQ(combo.Text(), "Weather");
 }
 
+TEST_F(Choices, ATextThatStoodThroughARefillIsChosenAmongTheNewEntries) {
+  combo.Add("Weather");
+  combo.SetText("Weather");
+  combo.Clear();
+  combo.Add("Stations");
+  combo.Add("Weather");
+  combo.SetText("Weather");
+  EXPECT_EQ(combo.Index(), 1);
+}
+
 TEST_F(Choices, SettingTheTextOfAnEntryChoosesIt) {
   combo.Add("Weather");
   combo.Add("Stations");

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <filesystem>
+#include <utility>
 
 #include "panels/ui/PanelWindows.h"
 #include "platform/Doors.h"
@@ -42,7 +43,12 @@ MainSettingsWindow::MainSettingsWindow() : StationWindow(kMainSettingsWindow) {
   setWindowTitle(ToQt(kMainSettingsCaption));
   BuildUi();
   ConnectSignals();
-  behaviour_.Load();
+}
+
+/// The first call loads: a message of the load stands over the window, and an end that comes meanwhile finds it.
+void MainSettingsWindow::Show() {
+  StationWindow::Show();
+  if (!std::exchange(loaded_, true)) behaviour_.Load();
 }
 
 void MainSettingsWindow::BuildUi() {
@@ -174,7 +180,7 @@ void MainSettingsWindow::ConnectSignals() {
 }
 
 void MainSettingsWindow::OnUnload() {
-  behaviour_.Unload();
+  if (loaded_) behaviour_.Unload();  // one that was never seen has nothing to store
   StationWindow::OnUnload();
 }
 

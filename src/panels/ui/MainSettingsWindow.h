@@ -23,6 +23,7 @@ class MainSettingsWindow : public platform::qt::StationWindow, public MainSettin
 
  public:
   MainSettingsWindow();
+  void Show() override;
   void OnUnload() override;
 
  private:
@@ -52,6 +53,7 @@ class MainSettingsWindow : public platform::qt::StationWindow, public MainSettin
   void RefreshLauncher() override;
 
   MainSettingsPanel behaviour_{*this};
+  bool loaded_ = false;
   std::array<TickBox*, 7> checks_{};
   std::array<ValueSlider*, 2> sliders_{};
   QButtonGroup* clocks_ = nullptr;

@@ -65,8 +65,8 @@ std::string ComboList::Text() const {
 
 void ComboList::SetText(std::string_view text) {
   const QString shown = ToQt(text);
-  if (Text() == text) return;
   const int entry = findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive);
+  if (Text() == text && entry == currentIndex()) return;
   if (entry < 0 && placeholderText() != shown) setPlaceholderText(shown);
   setCurrentIndex(entry);
   if (isEditable()) setEditText(shown);
