@@ -131,6 +131,24 @@ TEST_F(SettingsLook, EdgesOfControlsStandOutInTheSkin) {
   }
 }
 
+TEST_F(SettingsLook, AListWithoutAChoiceSaysSoReadably) {
+  settings.Set("Speechpack", "0");
+  for (const bool skin : {true, false}) {
+    UseLook(skin);
+    QWidget& window = Open(kMainSettingsWindow);
+    EXPECT_EQ(Child<QComboBox>(window, "VoiceSelect").placeholderText(), "No voice chosen");
+    const QImage picture = testing::Grab(Child<QWidget>(window, "VoiceSelect"));
+    const QColor ground = picture.pixelColor(picture.width() / 2, picture.height() / 2);
+    double best = 1;
+    for (int x = 3; x < picture.width() / 3; ++x) {
+      for (int y = 4; y < picture.height() - 4; ++y)
+        best = std::max(best, platform::qt::ContrastRatio(picture.pixelColor(x, y), ground));
+    }
+    EXPECT_GE(best, 4.5) << skin;
+    CloseByUser(window);
+  }
+}
+
 TEST_F(SettingsLook, TheFocusIsSeen) {
   for (const bool skin : {true, false}) {
     UseLook(skin);

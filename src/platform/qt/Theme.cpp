@@ -27,6 +27,7 @@ struct PlainLook {
 
 constexpr double kLegibleContrast = 4.5;
 constexpr int kSeparatorGapPx = 6;
+constexpr float kHintStrength = 0.7F;
 
 struct RolePair {
   QPalette::ColorRole text;
@@ -37,7 +38,8 @@ constexpr std::array kTextOnGround{
     RolePair{QPalette::ButtonText, QPalette::Button}, RolePair{QPalette::HighlightedText, QPalette::Highlight},
     RolePair{QPalette::ToolTipText, QPalette::ToolTipBase}};
 
-/// A desktop's palette with texts that would be hard to read in black or white instead.
+/// A desktop's palette with texts that would be hard to read in black or white instead, and with hints in fields that
+/// are fainter than their texts but can be read.
 QPalette MadeLegible(QPalette palette) {
   for (const RolePair& pair : kTextOnGround) {
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
@@ -45,6 +47,11 @@ QPalette MadeLegible(QPalette palette) {
       if (ContrastRatio(palette.color(group, pair.text), ground) >= kLegibleContrast) continue;
       palette.setColor(group, pair.text, ReadableOn(ground));
     }
+  }
+  for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+    QColor hint = palette.color(group, QPalette::Text);
+    hint.setAlphaF(kHintStrength);
+    palette.setColor(group, QPalette::PlaceholderText, hint);
   }
   return palette;
 }
@@ -259,7 +266,7 @@ QPalette DarkPalette() {
   palette.setColor(QPalette::BrightText, Qt::white);
   palette.setColor(QPalette::ToolTipBase, t.raised);
   palette.setColor(QPalette::ToolTipText, t.text);
-  palette.setColor(QPalette::PlaceholderText, QColor(0x9a, 0xa3, 0xad));
+  palette.setColor(QPalette::PlaceholderText, QColor(0xb0, 0xb8, 0xc1));
   palette.setColor(QPalette::Highlight, t.chosen);
   palette.setColor(QPalette::HighlightedText, Qt::white);
   palette.setColor(QPalette::Link, t.accent);
