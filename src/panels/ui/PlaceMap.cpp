@@ -163,7 +163,7 @@ void PlaceMap::paintEvent(QPaintEvent*) {
   painter.setClipping(false);
   painter.setBrush(Qt::NoBrush);
   if (hasFocus()) {
-    const QColor ring = platform::qt::SkinIsOn() ? platform::qt::Tones().accent : palette().color(QPalette::Highlight);
+    const QColor ring = platform::qt::FocusColour(palette());
     painter.setPen(QPen(ring, 2));
     painter.drawRect(world.adjusted(1, 1, -1, -1));
   }

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFontDatabase>
 #include <QLocale>
+#include <QProxyStyle>
 #include <QScreen>
 #include <QStyle>
 #include <QSysInfo>
@@ -35,10 +36,12 @@ std::string ScreenText(const QScreen& screen) {
                     .arg(qRound(screen.refreshRate())));
 }
 
-/// A style sheet hides the style's own name; its class tells it all the same.
+/// A style sheet hides the style's own name; its class tells it all the same. The plain look is the desktop's own style
+/// with a thin layer upon it.
 std::string StyleName() {
-  const QString name = QApplication::style()->name();
-  return name.isEmpty() ? QApplication::style()->metaObject()->className() : FromQt(name);
+  const QStyle* style = QApplication::style();
+  if (const auto* layer = qobject_cast<const QProxyStyle*>(style)) style = layer->baseStyle();
+  return style->name().isEmpty() ? style->metaObject()->className() : FromQt(style->name());
 }
 
 std::string FontText(const QFont& font) {

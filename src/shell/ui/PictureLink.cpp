@@ -5,6 +5,8 @@
 #include <QPainterPath>
 #include <QStyleOptionFocusRect>
 
+#include "platform/qt/Theme.h"
+
 namespace kestrava::shell::ui {
 
 namespace {
@@ -48,7 +50,7 @@ void PictureLink::paintEvent(QPaintEvent*) {
     painter.setClipping(false);
   }
   if (hasFocus()) {
-    painter.setPen(QPen(palette().color(QPalette::Highlight), 2));
+    painter.setPen(QPen(platform::qt::FocusColour(palette()), 2));
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), kCornerRadius, kCornerRadius);
   }
 }

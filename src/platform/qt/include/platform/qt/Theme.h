@@ -31,6 +31,11 @@ bool SkinIsOn();
 
 QPalette DarkPalette();
 
+/// The edge of a field, a box or a list: stands out from the window by 3 to 1.
+QColor EdgeColour(const QPalette& palette);
+/// The mark of the focus: stands out by 3 to 1 from the window and from an edge in whose place it comes.
+QColor FocusColour(const QPalette& palette);
+
 /// Contrast of two colours by the rule of WCAG 2.1: 1 to 21.
 double ContrastRatio(const QColor& a, const QColor& b);
 /// Black or white, whichever reads better on a colour.
