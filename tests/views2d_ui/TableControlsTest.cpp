@@ -267,6 +267,21 @@ TEST_F(TableControls, TheMenuOfTheRightButtonCopiesToo) {
   EXPECT_TRUE(Clipboard().startsWith("HST\t"));
 }
 
+TEST_F(TableControls, TheMenuSortsForWhoHasNoMouse) {
+  QWidget& table = OpenTable();
+  Run(1);
+  const QStringList favourites = Names(table);
+  QStringList sorted = favourites;
+  std::sort(sorted.begin(), sorted.end());
+  ASSERT_NE(favourites, sorted);
+  Child<QAction>(table, "mnuSort(0)").trigger();
+  EXPECT_EQ(Names(table), sorted);
+  Child<QAction>(table, "mnuSort(0)").trigger();
+  EXPECT_EQ(Names(table).front(), sorted.back());
+  Child<QAction>(table, "mnuSortNone").trigger();
+  EXPECT_EQ(Names(table), favourites);
+}
+
 TEST_F(TableControls, ColumnsHoldWhatStandsInThemAndDoNotMoveFromTickToTick) {
   FillFavourites(499);
   QWidget& table = OpenTable();

@@ -2,6 +2,8 @@
 
 #include <QApplication>
 #include <QHBoxLayout>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
 #include <QTextCharFormat>
 #include <QVBoxLayout>
 
@@ -31,6 +33,31 @@ constexpr int kListHeightPx = 60;
 constexpr int kPassesHeightPx = 110;
 constexpr int kBarWidthPx = 150;
 
+/// A calendar that marks its day while it has the keyboard, and in which the days of other months, which can be chosen
+/// too, can be read.
+class DayCalendar : public QCalendarWidget {
+ public:
+  using QCalendarWidget::QCalendarWidget;
+
+ protected:
+  void paintCell(QPainter* painter, const QRect& cell, QDate date) const override {
+    date.month() == monthShown() ? QCalendarWidget::paintCell(painter, cell, date) : PaintQuiet(*painter, cell, date);
+    const QWidget* focus = QApplication::focusWidget();
+    if (date != selectedDate() || !focus || !isAncestorOf(focus)) return;
+    QStyleOptionFocusRect mark;
+    mark.initFrom(this);
+    mark.rect = cell;
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &mark, painter, this);
+  }
+
+ private:
+  void PaintQuiet(QPainter& painter, const QRect& cell, QDate date) const {
+    painter.fillRect(cell, palette().color(QPalette::Base));
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(cell, Qt::AlignCenter, QString::number(date.day()));
+  }
+};
+
 QProgressBar* Bar(const char* name, const QString& accessibleName, QWidget* parent) {
   auto* bar = Named(new QProgressBar(parent), name, accessibleName);
   bar->setRange(0, 1);
@@ -57,12 +84,16 @@ InstantSection::InstantSection(QWidget* parent) : QGroupBox(tr("Instant Predicti
 }
 
 void InstantSection::BuildCalendar() {
-  calendar = Named(new QCalendarWidget(this), "Calendar", tr("Day of the predictions"));
+  calendar = Named(new DayCalendar(this), "Calendar", tr("Day of the predictions"));
   calendar->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
   calendar->setHorizontalHeaderFormat(QCalendarWidget::ShortDayNames);
   calendar->setGridVisible(false);
   calendar->setFixedWidth(kCalendarWidthPx);
   calendar->setMinimumHeight(kCalendarHeightPx);
+  // The toolkit leaves its two arrows without a word.
+  if (auto* arrow = calendar->findChild<QWidget*>("qt_calendar_prevmonth"))
+    arrow->setAccessibleName(tr("Month before"));
+  if (auto* arrow = calendar->findChild<QWidget*>("qt_calendar_nextmonth")) arrow->setAccessibleName(tr("Month after"));
   ColourCalendar(*calendar);
 }
 

@@ -118,10 +118,9 @@ QWidget* PassWizardWindow::BuildHelp() {
   text->setWordWrap(true);
   text->setTextFormat(Qt::PlainText);
   text->setAlignment(Qt::AlignTop | Qt::AlignLeft);
-  auto* area = new QScrollArea(frame);
+  auto* area = Named(new QScrollArea(frame), "helpArea", ToQt(kWizardHelpCaption));
   area->setWidget(text);
   area->setWidgetResizable(true);
-  area->setFrameShape(QFrame::NoFrame);
   area->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   area->setMinimumWidth(kHelpWidthPx);
   area->viewport()->setAutoFillBackground(false);

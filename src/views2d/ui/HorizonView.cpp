@@ -82,9 +82,9 @@ void HorizonView::BuildUi() {
 }
 
 void HorizonView::BuildMenus(QMenuBar& bar) {
-  QMenu* options = Named(bar.addMenu("&Options"), "M1");
+  QMenu* options = Named(bar.addMenu("&Options"), "M1", tr("Options"));
   AddRows(*options, kOptions);
-  QMenu* controls = Named(bar.addMenu("&Controls"), "M2");
+  QMenu* controls = Named(bar.addMenu("&Controls"), "M2", tr("Controls"));
   AddRows(*controls, kControls);
   SetMarked(HorizonMark::kAnnouncePosition, true);
   SetMarked(HorizonMark::kSouth, true);

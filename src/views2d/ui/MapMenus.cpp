@@ -61,16 +61,16 @@ std::span<const MapMenuRow> ControlRows() {
 }
 
 MapMenus::MapMenus(QMenuBar& bar, MapWindow& window) : window_(window), satellites_(bar.addMenu("&Satellite")) {
-  satellites_->setObjectName("M1");
+  platform::qt::Named(satellites_, "M1", "Satellite");
   QAction* heading = satellites_->addAction("-Select a Satellite-");
   heading->setObjectName(EntryName(0));
   favourites_.push_back(heading);
   QObject::connect(heading, &QAction::triggered, heading, [this] { window_.FavouriteClicked(0); });
   QMenu* options = bar.addMenu("&Options");
-  options->setObjectName("M2");
+  platform::qt::Named(options, "M2", "Options");
   AddRows(*options, kOptions);
   QMenu* controls = bar.addMenu("&Controls");
-  controls->setObjectName("M3");
+  platform::qt::Named(controls, "M3", "Controls");
   AddRows(*controls, kControls);
 }
 

@@ -38,6 +38,7 @@ TableList::TableList(const std::vector<TableRow>& rows, QWidget* parent)
   BuildHeads();
   menu_ =
       platform::qt::AddCopyMenu(*this, "mnuTable", tr("Table"), [this](bool withHeads) { CopySelection(withHeads); });
+  AddOrders();
   FitColumns();
 }
 
@@ -51,6 +52,7 @@ void TableList::BuildLooks() {
   dark.setColor(QPalette::AlternateBase, kGroundOfEverySecond);
   dark.setColor(QPalette::Text, QColor::fromRgb(platform::qt::ToRgb(kOutOfRange)));
   dark.setColor(QPalette::Highlight, kGroundOfSelected);
+  dark.setColor(QPalette::HighlightedText, dark.color(QPalette::Text));
   setPalette(dark);
   QFont readable = platform::qt::InterfaceFont();
   readable.setPixelSize(kFontPx);
@@ -66,6 +68,23 @@ void TableList::BuildHeads() {
   connect(heads, &QHeaderView::sectionResized, this, [this](int column) {
     if (!fitting_ && column != kLastColumn) FillWithLastColumn();
   });
+}
+
+/// What a click on a head does, for who has no mouse.
+void TableList::AddOrders() {
+  menu_->addSection(tr("Sort by"));
+  for (int column = 0; column < kTableColumnCount; ++column) {
+    QString head = order_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+    QAction* entry = menu_->addAction(head.replace("&", "&&"), this, [this, column] {
+      const bool again = horizontalHeader()->sortIndicatorSection() == column &&
+                         horizontalHeader()->sortIndicatorOrder() == Qt::AscendingOrder;
+      sortByColumn(column, again ? Qt::DescendingOrder : Qt::AscendingOrder);
+    });
+    entry->setObjectName(platform::qt::ArrayName("mnuSort", column));
+  }
+  QAction* none =
+      menu_->addAction(tr("Order of the Favourites"), this, [this] { sortByColumn(-1, Qt::AscendingOrder); });
+  none->setObjectName("mnuSortNone");
 }
 
 void TableList::ShowNewRows() {

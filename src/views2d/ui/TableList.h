@@ -37,6 +37,7 @@ class TableList : public QTableView {
  private:
   void BuildLooks();
   void BuildHeads();
+  void AddOrders();
   void FitColumns();
   void WidenColumns();
   void FillWithLastColumn();
