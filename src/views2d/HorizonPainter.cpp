@@ -100,7 +100,8 @@ void HorizonPainter::PaintScreen() {
     if (!host_.IsOpen()) return;  // a message about the satellite taken stood open
   }
   trap([&] {
-    if (tables.SelSat > 0) DrawSkyTrack(At(tables.FaveList, tables.SelSat).Name);
+    const std::string& selected = At(tables.FaveList, tables.SelSat).Name;
+    if (tables.SelSat > 0 && !selected.empty()) DrawSkyTrack(selected);  // a row without a name was a favourite
   });
   trap([&] { PaintLastLine(); });
 }

@@ -136,6 +136,12 @@ void StepForward(platform::DateParts& moment) {
   }
 }
 
+/// The selected one was the last favourite and is none any more: its row has no name.
+bool SelectionIsGone(const orbit::Tables& tables) {
+  const auto rows = static_cast<int>(tables.FaveList.size());
+  return tables.SelSat > 0 && tables.SelSat < rows && At(tables.FaveList, tables.SelSat).Name.empty();
+}
+
 }  // namespace
 
 void Gsatroutine(const orbit::Sky& sky, MapState& map, MapHost& host) {
@@ -159,6 +165,7 @@ void CalcGroundTrack(const orbit::Sky& sky, const MapState& map) {
   constexpr FaultTrap trackTrap{"Mapview CalcGroundTrack"};
   orbit::Tables& tables = sky.tables;
   if (tables.SelSat == 0) return;  // the horizon has dropped a satellite that has set, and no other one is up
+  if (SelectionIsGone(tables)) return;
   platform::DateParts moment;
   trackTrap([&] { moment = ShownMoment(map.warp); });
   int lastStep = -1;

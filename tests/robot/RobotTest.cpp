@@ -61,8 +61,6 @@ bool IsTheUsersOwnDoing(const std::string& fault) {
       "Object already loaded - map - Form_activate",
       // the map selects one of these by itself before that: it has no menu entry yet
       "Subscript out of range - map - menu favelist_Click",
-      // the selected favourite, the last of the list, is one no more
-      "No element set for \"\" - Global Satcalc",
       // more favourites, or groups, than there is room for
       "Subscript out of range - GroupsCON - Satlist_itemcheck", "Subscript out of range - GroupsCON - BUTaddCelestrak",
       "Subscript out of range - GroupsCON - BUTaddgroup"};

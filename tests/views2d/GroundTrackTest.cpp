@@ -100,5 +100,14 @@ TEST_F(GroundTrackOfTheMap, ASelectionBeyondTheTableIsLoggedAtEachStep) {
   EXPECT_EQ(TakeFaults(), Texts(3, "Subscript out of range - Mapview CalcGroundTrack"));
 }
 
+TEST_F(GroundTrackOfTheMap, AFavouriteThatIsNoneAnyMoreLeavesTheTrackAlone) {
+  tables.SelSat = 3;
+  tables.FaveList[3].Name.clear();
+  tables.GroundTrack[7].lat = 12;
+  CalcGroundTrack(sky, map);
+  EXPECT_EQ(tables.GroundTrack[7].lat, 12);
+  EXPECT_TRUE(TakeFaults().empty()) << "not one line for each step";
+}
+
 }  // namespace
 }  // namespace kestrava::views2d

@@ -308,6 +308,13 @@ TEST_F(HorizonPainterTest, ASelectedOneThatSetsWithinTheNextTenSecondsIsDroppedA
   EXPECT_EQ(tables.SelSat, 0) << "its track starts ahead of now";
 }
 
+TEST_F(HorizonPainterTest, ASelectedOneThatIsNoFavouriteAnyMoreHasNoTrack) {
+  SetFavourites({kStation});
+  tables.SelSat = 2;
+  Paint();
+  EXPECT_TRUE(TakeFaults().empty());
+}
+
 TEST_F(HorizonPainterTest, TheLastLineTellsTheSelectedOneInWholeDegreesRoundedDown) {
   SetFavourites({kStation});
   GoPastRise(kStation, 200);
