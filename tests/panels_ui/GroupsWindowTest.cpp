@@ -1,8 +1,11 @@
 // The groups window through its real controls: lists, ticks, favourites, the search box, information, the closing.
+#include <QDialog>
 #include <QGroupBox>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QTest>
+#include <QWindow>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -115,6 +118,28 @@ TEST_F(GroupsWindowTest, AMouseTickAlsoChoosesItsRow) {
   EXPECT_EQ(Details().find("You can still track"), 0U);
   messages.ExpectMessage("Primary Favourite Satellite changed from AO-07 to ISS (ZARYA)");
   Click("BUTmakeprime");
+}
+
+TEST_F(GroupsWindowTest, WithoutADatabaseTheFirstClickOnABoxTicksAllTheSame) {
+  QWidget& window = Open();
+  files.Remove("/house/satellite.dat");
+  const QPoint at = Satellites().viewport()->mapTo(&window, BoxOf(1));
+  bool down = true;
+  const auto release = [&] {
+    if (std::exchange(down, false)) QTest::mouseRelease(window.windowHandle(), Qt::LeftButton, {}, at);
+  };
+  messages.ExpectMessage("Satellite.dat file is missing", [&] { QDialog(&window).exec(); });
+  InTheBox([&](QDialog& box) {
+    release();  // where it has not been yet, the window does not hear of it while the box stands
+    box.accept();
+  });
+  RunEvent([&] {
+    QTest::mousePress(window.windowHandle(), Qt::LeftButton, {}, at);
+    release();
+  });
+  EXPECT_EQ(Ticked(), Strings{"AO-73"});
+  EXPECT_EQ(Favourites(), Strings{"AO-73"});
+  ExpectFlagIsDown(0);
 }
 
 TEST_F(GroupsWindowTest, TheSpaceBarTicksTheRowOfTheCursor) {

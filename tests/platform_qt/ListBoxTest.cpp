@@ -16,9 +16,10 @@ class ListBoxClicks : public ::testing::Test {
     list.resize(200, 200);
     list.show();
   }
-  void Click(int row) {
-    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, list.visualItemRect(list.item(row)).center());
-  }
+  void Click(int row) { QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, Middle(row)); }
+  QPoint Middle(int row) const { return list.visualItemRect(list.item(row)).center(); }
+  void Down(int row) { QTest::mousePress(list.viewport(), Qt::LeftButton, {}, Middle(row)); }
+  void Up(int row) { QTest::mouseRelease(list.viewport(), Qt::LeftButton, {}, Middle(row)); }
 
   ListBox list;
   QSignalSpy chosen{&list, &ListBox::Chosen};
@@ -35,6 +36,42 @@ TEST_F(ListBoxClicks, AClickOnTheSelectedRowIsToldToo) {
   Click(1);
   Click(1);
   EXPECT_EQ(chosen.count(), 2);
+}
+
+TEST_F(ListBoxClicks, WhatTheMouseChoosesIsToldWhenItIsReleased) {
+  Down(1);
+  EXPECT_EQ(list.Selected(), 1);
+  EXPECT_EQ(chosen.count(), 0);
+  Up(1);
+  EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ListBoxClicks, AMouseThatComesBackToTheSelectedRowTellsItOnce) {
+  list.Select(1);
+  Down(1);
+  for (const int row : {2, 1}) QTest::mouseMove(list.viewport(), Middle(row));
+  Up(1);
+  EXPECT_EQ(chosen.count(), 1);
+}
+
+TEST_F(ListBoxClicks, ARowThatGoesUnderTheMouseIsNotTold) {
+  Down(1);
+  list.Clear();
+  Up(1);
+  EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ListBoxClicks, WhatCodeSelectsUnderTheMouseIsNotTold) {
+  Down(1);
+  list.Select(2);
+  Up(0);
+  EXPECT_EQ(chosen.count(), 0);
+}
+
+TEST_F(ListBoxClicks, KeysChooseAtOnceAfterAReleaseThatWasNeverHeardOf) {
+  Down(0);
+  QTest::keyClick(&list, Qt::Key_Down);
+  EXPECT_EQ(chosen.count(), 1);
 }
 
 TEST_F(ListBoxClicks, KeysChooseAsTheMouseDoes) {

@@ -93,8 +93,9 @@ void TickList::mouseDoubleClickEvent(QMouseEvent* event) {
 /// The toolkit toggles now: it is the user's tick, also where something came between the press and this.
 void TickList::mouseReleaseEvent(QMouseEvent* event) {
   emit UserTickBegins();
-  ListBox::mouseReleaseEvent(event);
+  QListWidget::mouseReleaseEvent(event);
   if (event->buttons() == Qt::NoButton) emit UserTickEnds();
+  TellChosenByMouse();
 }
 
 /// The space bar ticks the row of the cursor, and selects it as a click does.

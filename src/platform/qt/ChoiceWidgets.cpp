@@ -7,6 +7,7 @@
 #include <QScreen>
 #include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
 #include "platform/Fault.h"
 #include "platform/qt/Widgets.h"
@@ -112,16 +113,34 @@ ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
   setSpacing(1);
   setTextElideMode(Qt::ElideRight);
   connect(this, &QListWidget::itemSelectionChanged, this, [this] {
-    if (!byCode_ && Selected() >= 0) emit Chosen(Selected());
+    chosenByMouse_ = mouseIsDown_ && !byCode_;
+    if (!mouseIsDown_ && !byCode_ && Selected() >= 0) emit Chosen(Selected());
   });
   connect(this, &QListWidget::itemClicked, this, [this] {
-    if (Selected() >= 0 && Selected() == selectedAtPress_) emit Chosen(Selected());
+    if (Selected() == selectedAtPress_) chosenByMouse_ = true;
   });
 }
 
 void ListBox::mousePressEvent(QMouseEvent* event) {
   selectedAtPress_ = Selected();
+  mouseIsDown_ = true;
   QListWidget::mousePressEvent(event);
+}
+
+void ListBox::mouseReleaseEvent(QMouseEvent* event) {
+  QListWidget::mouseReleaseEvent(event);
+  TellChosenByMouse();
+}
+
+void ListBox::TellChosenByMouse() {
+  mouseIsDown_ = false;
+  if (std::exchange(chosenByMouse_, false) && Selected() >= 0) emit Chosen(Selected());
+}
+
+/// A key that comes while the release of the mouse has gone elsewhere chooses at once again.
+void ListBox::keyPressEvent(QKeyEvent* event) {
+  mouseIsDown_ = false;
+  QListWidget::keyPressEvent(event);
 }
 
 void ListBox::Clear() {

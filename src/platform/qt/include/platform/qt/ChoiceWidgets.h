@@ -57,15 +57,22 @@ class ListBox : public QListWidget, public virtual ListBoxControl {
 
  signals:
   /// The user has selected a row by mouse or keys, or clicked on the selected one. Nothing that code does tells this.
+  /// By mouse it comes after the release: a message that it leads to would swallow that, and with it a tick.
   void Chosen(int row);
 
  protected:
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
+  /// What the mouse has chosen since it was pressed. The last step of a release: the list may be gone behind it.
+  void TellChosenByMouse();
 
  private:
   QString hint_;
   bool byCode_ = false;
+  bool mouseIsDown_ = false;
+  bool chosenByMouse_ = false;
   int selectedAtPress_ = -1;
 };
 
