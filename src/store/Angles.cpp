@@ -47,6 +47,7 @@ ShownAngle ShownLatitude(double latitudeDeg) {
 }
 
 ShownAngle ShownLongitude(double longitudeDegWest) {
+  if (longitudeDegWest < 0) return ShownLongitude(FromFullCircle(std::fmod(-longitudeDegWest, 360)));
   if (longitudeDegWest >= 180) return {FromFullCircle(longitudeDegWest), false};
   return {longitudeDegWest, true};
 }

@@ -106,6 +106,19 @@ TEST_F(LocationsPanelTest, ListsThePrimaryPlaceFirstAndThenTheRowsOfTheFile) {
   EXPECT_EQ(view.skins, 1);
 }
 
+TEST_F(LocationsPanelTest, ANegativeLongitudeOfAnotherProgramIsShownAsTheEastThatItMeans) {
+  Open("1Geneva;-6.15;46.2;375\n1Date Line;-200.25;0;0\n");
+  Choose(1);
+  EXPECT_EQ(Decimal(), "46.2 N 6.15 E");
+  UseDecimals();
+  EXPECT_TRUE(view.decDeg.IsChecked()) << "its own page takes it";
+  panel.SaveClicked();
+  EXPECT_TRUE(messages.Texts().empty());
+  EXPECT_TRUE(Content("Locations.dat").starts_with("1Geneva;353.85;46.2;375\n")) << Content("Locations.dat");
+  Choose(2);
+  EXPECT_EQ(Decimal(), "0 N 159.75 W");
+}
+
 TEST_F(LocationsPanelTest, ShowsThePrimaryPlaceOnBothPages) {
   Open();
   EXPECT_EQ(Box(PlaceBox::kName), "Home");

@@ -1,4 +1,5 @@
 #include <QAccessible>
+#include <QTest>
 #include <QToolTip>
 
 #include <gtest/gtest.h>
@@ -51,6 +52,23 @@ TEST_F(LocationsWindowTest, South33AndAHalfIsStoredWithAMinusAndShownWithout) {
   ChooseRow(0);
   ChooseRow(1);
   EXPECT_EQ(Decimals(), "33.5 S 70 W");
+}
+
+TEST_F(LocationsWindowTest, ANameWithASemicolonFromElsewhereCanBeMendedByTyping) {
+  settings.Set("Location Name", "My;Hut");
+  Open();
+  QLineEdit& name = Box("Tlocation");
+  ASSERT_EQ(Text("Tlocation"), "My;Hut");
+  name.end(false);
+  eventLoop.RunEvent([&] { QTest::keyClicks(&name, "s"); });
+  EXPECT_EQ(Text("Tlocation"), "My;Huts");
+  Key(name, Qt::Key_Backspace);
+  EXPECT_EQ(Text("Tlocation"), "My;Hut");
+  name.setCursorPosition(2);
+  Key(name, Qt::Key_Delete);
+  EXPECT_EQ(Text("Tlocation"), "MyHut");
+  eventLoop.RunEvent([&] { QTest::keyClicks(&name, ";"); });
+  EXPECT_EQ(Text("Tlocation"), "MyHut") << "a new one is refused";
 }
 
 TEST_F(LocationsWindowTest, Longitude180ShowsAsEast180) {

@@ -83,6 +83,14 @@ TEST_F(Angles, Longitude180IsEast180) {
   EXPECT_EQ(StoredLongitude({180, false}), 180);
 }
 
+TEST_F(Angles, ANegativeLongitudeIsShownAsTheOne360Further) {
+  EXPECT_EQ(ShownLongitude(-5), (ShownAngle{5, false}));
+  EXPECT_EQ(ShownLongitude(-179.9), (ShownAngle{179.9, false}));
+  EXPECT_EQ(ShownLongitude(-200.3), (ShownAngle{159.7, true}));
+  EXPECT_EQ(ShownLongitude(-365), (ShownAngle{5, false}));
+  EXPECT_EQ(ShownLongitude(-360), (ShownAngle{0, false}));
+}
+
 TEST_F(Angles, EastNoughtIsStoredAs360AndShownAsEastNought) {
   EXPECT_EQ(StoredLongitude({0, false}), 360);
   EXPECT_EQ(ShownLongitude(360), (ShownAngle{0, false}));

@@ -31,7 +31,7 @@ struct ShownAngle {
 
 ShownAngle ShownLatitude(double latitudeDeg);
 
-/// @param longitudeDegWest  180 or more means east
+/// @param longitudeDegWest  180 or more means east; a negative one, as other programs write it, is 360 more
 ShownAngle ShownLongitude(double longitudeDegWest);
 
 /// Back to what is stored: south negative.
