@@ -5,7 +5,6 @@
 
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
-#include "platform/Endpoints.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Text.h"
@@ -15,6 +14,8 @@
 #include "store/GroupTable.h"
 #include "store/Groups.h"
 #include "store/SatelliteData.h"
+
+#include "FirstGroup.h"
 
 namespace kestrava::panels {
 
@@ -94,7 +95,13 @@ void GroupsPanel::Unload() {
   trap([&] { store::SaveGroups(tables_); });
 }
 
+bool GroupsPanel::MayClose() {
+  const std::string trouble = FirstGroupTrouble(tables_);
+  return trouble.empty() || !TheMessages().AskYesNo(trouble);
+}
+
 void GroupsPanel::UserClosed() {
+  if (!FirstGroupTrouble(tables_).empty()) return;  // this run ends, and a new one would, too
   const orbit::OrbitEngine* engine = engine_();
   if (engine == nullptr) return;
   const std::vector<std::string> unknown = store::FavouritesUnknownTo(tables_, *engine);
@@ -185,7 +192,7 @@ void GroupsPanel::DetailsClicked() {
   trap([&] {
     OrSorry([&] {
       const std::string name = platform::ReplaceAll(detailsOf_, " ", "_");
-      const std::string address = platform::endpoints::MailAddress("Satellite Info Request for " + name);
+      const std::string address = letter_("Satellite Info Request for " + name);
       CheckOwned(address);
       TheMessages().Show(kRequest);
       OpenOutside(address);
@@ -275,6 +282,7 @@ void GroupsPanel::DeleteGroupClicked() {
   });
   if (!removed) return;
   if (view_.GroupList().Count() == 0) {
+    ++listings_;                    // one that still reads ends
     view_.SatelliteList().Clear();  // of no group
     return;
   }

@@ -24,9 +24,9 @@ std::string Escaped(std::string_view text, std::string_view forBlank) {
 
 }  // namespace
 
-std::string MailAddress(std::string_view subject) {
-  if (kMakerMail.empty()) return {};
-  return "mailto:" + std::string(kMakerMail) + "?subject=" + Escaped(subject, "%20");
+std::string MailAddress(std::string_view subject, std::string_view maker) {
+  if (maker.empty()) return {};
+  return "mailto:" + std::string(maker) + "?subject=" + Escaped(subject, "%20");
 }
 
 std::string SearchAddress(std::string_view words) {

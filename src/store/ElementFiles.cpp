@@ -13,12 +13,17 @@ namespace {
 
 constexpr int kMostHeaderLines = 400;
 
+/// The first of the two lines of elements, with an epoch.
+bool IsFirstLineOfSet(std::string_view line) {
+  return platform::BeginsWith(line, "1 ") && platform::Val(platform::Mid(line, 19, 14)) != 0;
+}
+
 /// The result of FindFirstKepLine for a file that can be read.
 int LinesBeforeFirstSet(platform::TextReader& reader) {
   int line = 0;
   while (!reader.AtEnd()) {
     const std::string& text = reader.ReadLine();
-    if (platform::BeginsWith(text, "1 ") && platform::Val(platform::Mid(text, 19, 14)) != 0) return line - 2;
+    if (IsFirstLineOfSet(text)) return line - 2;
     if (++line > kMostHeaderLines) return 0;
     platform::YieldOnce();
   }
@@ -29,6 +34,14 @@ int LinesBeforeFirstSet(platform::TextReader& reader) {
 
 std::string ElementFileOf(const orbit::GroupRec& group) {
   return platform::FileNameOfAddress(group.Address);
+}
+
+bool HoldsSets(std::string_view file) {
+  platform::TextReader reader(platform::InAppDir(file));
+  for (int line = 0; line <= kMostHeaderLines && !reader.AtEnd(); ++line) {
+    if (IsFirstLineOfSet(reader.ReadLine())) return true;
+  }
+  return false;
 }
 
 std::int16_t FindFirstKepLine(std::string_view file) {

@@ -16,6 +16,7 @@
 #include "platform/qt/Theme.h"
 
 #include "GroupsFixture.h"
+#include "LongWords.h"
 #include "support_qt/Shots.h"
 
 namespace kestrava::panels::ui {
@@ -63,6 +64,12 @@ class GroupsLook : public GroupsFixture {
       if (!button) continue;
       EXPECT_GE(button->width(), button->fontMetrics().horizontalAdvance(button->text().remove('&')) + kEdges) << name;
     }
+    for (const auto* label : window.findChildren<QLabel*>()) {
+      if (!label->isVisible()) continue;
+      const int needed = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+      EXPECT_GE(label->height(), needed) << label->text().toStdString();
+      EXPECT_TRUE(label->wordWrap() || label->width() >= label->sizeHint().width()) << label->text().toStdString();
+    }
     area->ensureVisible(0, 0);
   }
 };
@@ -96,6 +103,20 @@ TEST_F(GroupsLook, AtASmallSizeNothingNeedsToScroll) {
   }
 }
 
+TEST_F(GroupsLook, TextsOfHalfAgainTheLengthAreNotCutOff) {
+  const LongWords longWords;
+  for (const bool skin : {true, false}) {
+    QWidget& window = OpenIn(skin);
+    for (const QSize size : {QSize(880, 560), QSize(640, 400)}) {
+      window.resize(size);
+      HandleEvents();
+      ExpectNothingCutOff(window);
+      Shot(window, std::string("long-") + (skin ? "skin-" : "plain-") + std::to_string(size.width()));
+    }
+    CloseByUser();
+  }
+}
+
 TEST_F(GroupsLook, MadeSmallerStillItScrolls) {
   QWidget& window = Open();
   window.resize(300, 200);
@@ -122,6 +143,7 @@ TEST_F(GroupsLook, EmptyStatesSayWhatBelongsThere) {
   tables.GroupCount = 0;
   Open();
   Shot(*Child<QWidget>("GroupList").window(), "no-groups");
+  messages.ExpectQuestion("There is no group on your list.", false);
   CloseByUser();
   AddRow("Weather", "celestrak.org/NORAD/elements/weather.txt", "0");
   messages.ExpectMessage("Weather satellite group keps are not updated yet");

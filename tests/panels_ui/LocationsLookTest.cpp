@@ -6,7 +6,6 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTest>
-#include <QTranslator>
 
 #include <gtest/gtest.h>
 
@@ -14,6 +13,7 @@
 #include "platform/qt/Theme.h"
 
 #include "LocationsFixture.h"
+#include "LongWords.h"
 #include "support_qt/Shots.h"
 
 namespace kestrava::panels::ui {
@@ -79,18 +79,6 @@ TEST_F(LocationsLook, NothingIsCutOffInBothLooksAndThreeSizes) {
     CloseByUser();
   }
 }
-
-/// Every text by a half longer, as other languages have them.
-class LongWords : public QTranslator {
- public:
-  LongWords() { qApp->installTranslator(this); }
-  ~LongWords() override { qApp->removeTranslator(this); }
-  bool isEmpty() const override { return false; }
-  QString translate(const char*, const char* source, const char*, int) const override {
-    const QString text = QString::fromUtf8(source);
-    return text.size() < 4 ? text : text + QString(text).remove('&').left(text.size() / 2);
-  }
-};
 
 TEST_F(LocationsLook, TextsOfHalfAgainTheLengthAreNotCutOff) {
   const LongWords longWords;

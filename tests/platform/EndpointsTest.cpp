@@ -25,5 +25,10 @@ TEST(Endpoints, WhileTheMakerHasNoAddressThereIsNoLetterToHim) {
   EXPECT_EQ(MailAddress("Satellite Info Request for AO-07"), "");
 }
 
+TEST(Endpoints, ALetterHasItsSubjectEscaped) {
+  EXPECT_EQ(MailAddress("About A&B_1", "maker@kestrava.example"),
+            "mailto:maker@kestrava.example?subject=About%20A%26B_1");
+}
+
 }  // namespace
 }  // namespace kestrava::platform::endpoints

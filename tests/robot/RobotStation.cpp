@@ -50,7 +50,8 @@ void AnsweringMessages::Show(std::string_view text, std::string_view, platform::
 bool AnsweringMessages::AskYesNo(std::string_view text, std::string_view) {
   texts.emplace_back(text);
   const bool yes = random_() % 2 == 0;
-  return yes && text.find("Start Kestrava anew now?") == std::string_view::npos;  // the robot has one run
+  if (text.find("Stay in this window") != std::string_view::npos) return true;  // the robot has one run
+  return yes && text.find("Start Kestrava anew now?") == std::string_view::npos;
 }
 
 std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::string_view,

@@ -40,7 +40,7 @@ bool IsExpected(const std::string& message) {
       // of the groups window
       "Select a satellite first", "Select a group first", "satellite group keps are not updated yet",
       "Is this new group updated via the Internet?", "Primary Favourite Satellite changed from",
-      "Sorry, this feature is not available", "These favourites are not known yet",
+      "Sorry, this feature is not available", "These favourites are not known yet", "Stay in this window",
       // of the locations window: refused numbers and names, and what cannot be done to the primary place
       "the box \"", "This is already the Primary Location", "Can't Remove the Primary Location!",
       // of the main settings

@@ -21,8 +21,8 @@ void ScriptedMessages::ExpectMessage(std::string_view part, std::function<void()
   script_.push_back({std::string(part), false, false, std::move(meanwhile)});
 }
 
-void ScriptedMessages::ExpectQuestion(std::string_view part, bool answer) {
-  script_.push_back({std::string(part), true, answer, {}});
+void ScriptedMessages::ExpectQuestion(std::string_view part, bool answer, std::function<void()> meanwhile) {
+  script_.push_back({std::string(part), true, answer, std::move(meanwhile)});
 }
 
 void ScriptedMessages::CheckAllAsked() {

@@ -19,8 +19,8 @@ class ScriptedMessages : public platform::Messages {
 
   /// The next message holds this text. @param meanwhile  runs while the message stands
   void ExpectMessage(std::string_view part, std::function<void()> meanwhile = {});
-  /// The next message is a question that holds this text, and gets this answer.
-  void ExpectQuestion(std::string_view part, bool answer);
+  /// The next message is a question that holds this text, and gets this answer. @param meanwhile  runs while it stands
+  void ExpectQuestion(std::string_view part, bool answer, std::function<void()> meanwhile = {});
 
   /// Texts of all messages and questions so far, whole.
   const std::vector<std::string>& Texts() const { return texts_; }

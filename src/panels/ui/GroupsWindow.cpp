@@ -272,11 +272,17 @@ void GroupsWindow::OnUnload() {
   StationWindow::OnUnload();
 }
 
-/// A window that goes with the launcher does not come here: nobody asks for a new start then.
+/// A window that goes with the launcher does not come here: nobody is asked anything then.
+bool GroupsWindow::MayClose() {
+  bool may = true;
+  platform::RunUntrapped("The closing", [&] { may = behaviour_->MayClose(); });
+  userCloses_ = may && !ended_;
+  return may;
+}
+
 void GroupsWindow::closeEvent(QCloseEvent* event) {
-  const bool endsNow = !ended_;
   StationWindow::closeEvent(event);
-  if (endsNow && ended_) platform::RunUntrapped("The closing", [this] { behaviour_->UserClosed(); });
+  if (std::exchange(userCloses_, false)) platform::RunUntrapped("The closing", [this] { behaviour_->UserClosed(); });
 }
 
 void GroupsWindow::SetDetails(std::string_view text) {

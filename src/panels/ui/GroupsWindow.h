@@ -31,6 +31,7 @@ class GroupsWindow : public platform::qt::StationWindow, public GroupsView {
 
  protected:
   void changeEvent(QEvent* event) override;
+  bool MayClose() override;
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -77,6 +78,7 @@ class GroupsWindow : public platform::qt::StationWindow, public GroupsView {
   platform::qt::SkinButton* findInfo_ = nullptr;
   bool loaded_ = false;
   bool ended_ = false;
+  bool userCloses_ = false;
   bool tooMany_ = false;
 };
 

@@ -2,8 +2,9 @@
 // favourites. It works on the tables directly, so that the map shows a new favourite at its next tick; both files are
 // written when the window closes. Knows no toolkit: the window is a GroupsView.
 //
-// A flag tells a user's tick from one made by code: it is up while a mouse button is down on SatelliteList, or for a
-// key's own event. The window lowers it after its toolkit has toggled the row.
+// A flag tells a user's tick from one made by code: it is up while a mouse button is down on SatelliteList, for a key's
+// own event, and while the buttons "Select All" and "Deselect All" work. After a mouse or a key the window lowers it
+// when its toolkit has toggled the row.
 #pragma once
 
 #include <cstdint>
@@ -16,6 +17,7 @@
 #include "orbit/Tables.h"
 #include "panels/PanelControls.h"
 #include "platform/ChoiceControls.h"
+#include "platform/Endpoints.h"
 
 namespace kestrava::orbit {
 class OrbitEngine;
@@ -47,14 +49,22 @@ class GroupsView {
 
 class GroupsPanel {
  public:
+  /// The address of a letter with this subject to the maker; empty while he has none.
+  using LetterAddress = std::function<std::string(std::string_view subject)>;
+
   /// @param engine  the running one; may answer null
   /// @param view  outlives this object
-  GroupsPanel(orbit::Tables& tables, std::function<const orbit::OrbitEngine*()> engine, GroupsView& view)
-      : tables_(tables), engine_(std::move(engine)), view_(view) {}
+  GroupsPanel(
+      orbit::Tables& tables, std::function<const orbit::OrbitEngine*()> engine, GroupsView& view,
+      LetterAddress letter = [](std::string_view subject) { return platform::endpoints::MailAddress(subject); })
+      : tables_(tables), engine_(std::move(engine)), view_(view), letter_(std::move(letter)) {}
 
   void Load();
   /// The window's end, whoever ends it: writes both files.
   void Unload();
+  /// The user asks to close. Where the station could not go on with these groups he is told so, and may stay.
+  /// @return false to stay
+  bool MayClose();
   /// The user has closed the window, and Unload has run: tells of favourites that the running engine does not know.
   void UserClosed();
 
@@ -89,6 +99,7 @@ class GroupsPanel {
   orbit::Tables& tables_;
   std::function<const orbit::OrbitEngine*()> engine_;
   GroupsView& view_;
+  LetterAddress letter_;
   std::string details_;
   std::string detailsOf_;  ///< the satellite that they tell of, whatever is chosen later
   bool userTicks_ = false;

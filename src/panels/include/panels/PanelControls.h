@@ -37,11 +37,8 @@ class SliderControl {
   virtual void SetLabel(std::string_view text) = 0;
 };
 
-/// Whether a row of a list stays in sight: the filter's text occurs in it, whatever the case. Blanks around the filter
-/// do not count, and an empty one shows all.
-bool PassesFilter(std::string_view row, std::string_view filter);
-
-/// Shows the rows of a list that pass a filter and hides the others.
+/// Shows the rows of a list in which the filter's text occurs, whatever the case, and hides the others. Blanks around
+/// the filter do not count, and an empty one shows all.
 void FilterRows(TickListControl& list, std::string_view filter);
 
 }  // namespace kestrava::panels

@@ -37,7 +37,7 @@ inline std::string ElementAddress(std::string_view file) {
 }
 
 /// A letter to the maker with a subject, as the mail program wants it; empty while the maker has no address.
-std::string MailAddress(std::string_view subject);
+std::string MailAddress(std::string_view subject, std::string_view maker = kMakerMail);
 
 /// A web search for words parted by blanks; empty if there is no search host.
 std::string SearchAddress(std::string_view words);

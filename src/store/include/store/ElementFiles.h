@@ -14,6 +14,10 @@ namespace kestrava::store {
 /// The element file of a group: the text of its address behind the last "/", relative to AppDir.
 std::string ElementFileOf(const orbit::GroupRec& group);
 
+/// Whether a file is one of elements: there is a set in its first 401 lines. Does not yield.
+/// @param file  relative to AppDir. @throws platform::Fault "File not found", ...
+bool HoldsSets(std::string_view file);
+
 /// How many lines stand in front of the first set: a reader that drops lines 0 up to the result, inclusive, stands in
 /// front of its name line.
 /// @param file  relative to AppDir
