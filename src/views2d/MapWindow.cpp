@@ -151,6 +151,10 @@ void MapWindow::Timer1Tick() {
   trap([&] { view_.ShowInfoLines(); });
   trap([&] { view_.RepaintMap(); });
   if (!open_) return;
+  trap([&] {  // another window has put another satellite into the selected row
+    if (state_.InfoPaneShown && dataTextOf_ != sky_.tables.SelSatName) FillDataText();
+  });
+  if (!open_) return;
   trap([&] { ShowClockBySetting(); });
   trap([&] {
     station::TrackingWindow& tracker = station::TheTrackingWindow();
@@ -350,6 +354,7 @@ void MapWindow::ShowControlPanel() {
 }
 
 void MapWindow::FillDataText() {
+  dataTextOf_ = sky_.tables.SelSatName;
   if (const auto text = dataText_.Of(sky_.tables.SelSatName)) view_.SetDataText(*text);
 }
 

@@ -199,6 +199,16 @@ TEST_F(StationWindowTests, CloseUnloadsThroughTheRegistry) {
   EXPECT_TRUE(windows->Loaded().empty());
 }
 
+TEST_F(StationWindowTests, TheDesktopsKeyForClosingClosesUnlessTheWindowForbidsIt) {
+  TrialWindow& staying = Open("Staying");
+  staying.mayClose = false;
+  Press(staying, Qt::Key_W, Qt::ControlModifier);
+  EXPECT_NE(windows->Find("Staying"), nullptr);
+  staying.mayClose = true;
+  Press(staying, Qt::Key_W, Qt::ControlModifier);
+  EXPECT_EQ(windows->Find("Staying"), nullptr);
+}
+
 TEST_F(StationWindowTests, AWindowThatMayNotCloseStaysLoaded) {
   TrialWindow& window = Open("A");
   window.mayClose = false;

@@ -73,6 +73,17 @@ TEST_F(MapWindowTest, ThePrimaryFavouriteIsSelectedAtLoadAndDescribed) {
   EXPECT_EQ(view.dataText, "Data for ISS (ZARYA)\r\n(International Space Station)\r\nNotes: Manned");
 }
 
+TEST_F(MapWindowTest, AnotherSatelliteInTheSelectedRowIsDescribedAtTheNextTick) {
+  Open();
+  eventLoop.Advance(2);
+  const int before = view.dataTexts;
+  std::swap(tables.FaveList[1].Name, tables.FaveList[2].Name);
+  eventLoop.Advance(6);
+  EXPECT_EQ(tables.SelSatName, "TIANGONG-2");
+  EXPECT_EQ(view.dataText, "No Information available\r\n");
+  EXPECT_EQ(view.dataTexts, before + 1) << "once, not at each tick";
+}
+
 TEST_F(MapWindowTest, ASatelliteWithoutABlockShowsThatThereIsNoInformation) {
   SetFavourites({"TIANGONG-2"});
   Open();

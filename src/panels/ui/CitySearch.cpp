@@ -30,6 +30,7 @@ CitySearch::CitySearch(QWidget* parent) : QLineEdit(parent), completer_(new QCom
   completer_->setCompletionMode(QCompleter::UnfilteredPopupCompletion);  // what fits is the list's own business
   completer_->setMaxVisibleItems(kMostHits);
   completer_->setWidget(this);
+  completer_->setWrapAround(false);  // the last hit is the end: Down does not leave the list without one
   completer_->popup()->setObjectName("CityHits");
   completer_->popup()->setAccessibleName(tr("Cities found"));
   connect(this, &QLineEdit::textEdited, this, &CitySearch::Search);

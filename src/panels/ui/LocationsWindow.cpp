@@ -21,6 +21,7 @@ using platform::qt::ToQt;
 
 namespace {
 
+constexpr int kHintNamePx = 260;
 constexpr int kWidthPx = 860;
 constexpr int kHeightPx = 640;
 constexpr int kMarginPx = 10;
@@ -163,7 +164,10 @@ void LocationsWindow::ConnectSignals() {
   OnClick(remove_, &LocationsPanel::RemoveClicked);
   OnClick(setPrime_, &LocationsPanel::SetPrimeClicked);
   OnClick(form_->decimals, &LocationsPanel::DecDegClicked);
-  connect(list_, &TickList::Chosen, this, [this] { Do([this] { behaviour_->ListClicked(); }); });
+  connect(list_, &TickList::Chosen, this, [this] {
+    form_->city->clear();  // the boxes hold another place from here on
+    Do([this] { behaviour_->ListClicked(); });
+  });
   connect(list_, &TickList::Ticked, this, [this](int row, bool ticked) { behaviour_->Ticked(row, ticked); });
   connect(form_, &PlaceForm::Edited, this, &LocationsWindow::Follow);
   connect(form_, &PlaceForm::SignClicked, this,
@@ -187,7 +191,8 @@ void LocationsWindow::Follow() {
   const TypedPlace typed = behaviour_->Typed();
   form_->ShowWords(ToQt(typed.words), !typed.point);
   map_->SetMark(typed.point);
-  const QString chosen = ToQt(list_->Row(std::max(0, list_->Selected())));
+  const QString name = ToQt(list_->Row(std::max(0, list_->Selected())));
+  const QString chosen = fontMetrics().elidedText(name, Qt::ElideMiddle, kHintNamePx);
   hint_->setText(!behaviour_->IsEdited() ? QString()
                                          : tr("Not stored yet. \"Save Setting\" changes \"%1\", \"Add Location\" makes "
                                               "a new place of it.")

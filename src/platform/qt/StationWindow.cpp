@@ -130,7 +130,17 @@ void StationWindow::Activated() {
   leftForOwnBox_ = false;
   LastActivated() = this;
   if (unloading_) return;
+  KeepTitleOnScreen();
   RunUntrapped("The update of the window \"" + FromQt(windowTitle()) + '"', [this] { OnActivated(); });
+}
+
+/// A stored place is that of the inside: the frame that the desktop puts around it may reach beyond the upper edge, and
+/// a window cannot be moved by a title that is not there.
+void StationWindow::KeepTitleOnScreen() {
+  if (isMaximized() || isFullScreen() || !screen()) return;
+  const int top = screen()->availableGeometry().top();
+  const bool onlyTheFrame = geometry().top() >= top && frameGeometry().top() < top;
+  if (onlyTheFrame) move(frameGeometry().left(), top);
 }
 
 void StationWindow::NoteDeactivation() {
@@ -165,6 +175,8 @@ void StationWindow::closeEvent(QCloseEvent* event) {
 void StationWindow::keyPressEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Escape && event->modifiers() == Qt::NoModifier) {
     StopSpeaking();
+  } else if (event->matches(QKeySequence::Close) && ClosesByKey()) {
+    close();
   } else {
     QWidget::keyPressEvent(event);
   }

@@ -143,6 +143,7 @@ class MapWindow {
   std::unique_ptr<platform::Timer> timer2_;
   bool open_ = true;
   DataText dataText_;
+  std::string dataTextOf_;  ///< the satellite of which the data text tells
 };
 
 }  // namespace kestrava::views2d

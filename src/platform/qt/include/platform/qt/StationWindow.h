@@ -72,18 +72,21 @@ class StationWindow : public QWidget, public Window, public SkinnedWindow {
   virtual void OnActivated() {}
   /// The user asks to close. @return false to stay
   virtual bool MayClose() { return true; }
+  /// Does the desktop's key for closing a window (Ctrl+W) close this one?
+  virtual bool ClosesByKey() const { return true; }
   /// Gives the window its skin by the setting. Called in the load.
   void ApplySkin();
 
   bool event(QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
-  /// Escape stops the voice, in every window that has no use of its own for it.
+  /// Escape stops the voice and Ctrl+W closes, in every window that has no use of its own for them.
   void keyPressEvent(QKeyEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
 
  private:
   void Activated();
   void NoteDeactivation();
+  void KeepTitleOnScreen();
 
   std::string tag_;
   std::unique_ptr<QtSkin> skin_;

@@ -33,6 +33,8 @@ class LauncherWindow : public platform::qt::StationWindow, private LauncherView,
   /// An untrapped fault here is the end of the run.
   void OnActivated() override;
   bool MayClose() override;
+  /// Its end is the end of the run: no slip of a finger is to bring that about.
+  bool ClosesByKey() const override { return false; }
 
  private:
   void BuildUi();
