@@ -1,12 +1,16 @@
 // The robot user on the whole station. How long, and with which seed, can be said from outside: KESTRAVA_ROBOT_MINUTES,
 // KESTRAVA_ROBOT_SEED. Under the sanitizers it finds what no plan would.
 #include <QAbstractButton>
+#include <QComboBox>
+#include <QListWidget>
 #include <QWidget>
 #include <QtGlobal>
 #include <algorithm>
 #include <iostream>
 
 #include <gtest/gtest.h>
+
+#include "station/Hub.h"
 
 #include "robot/Robot.h"
 
@@ -113,6 +117,35 @@ TEST(RobotUser, FindsTheTableBehindTheLaunchersButton) {
   station.Loop().RunEvent([&] { button->click(); });
   EXPECT_TRUE(station.Windows().IsVisible("Tabular"));
   station.Loop().Advance(2);
+  station.Close();
+}
+
+TEST(RobotUser, WhoClosesTheGroupsWithoutAUsableOneStaysDoesWhatHelpsAndGoesOn) {
+  RobotStation station;
+  station.Start();
+  station.Loop().RunEvent([&] { station.Windows().Show("frmCONGroups"); });
+  auto* groups = dynamic_cast<QWidget*>(station.Windows().Find("frmCONGroups"));
+  ASSERT_TRUE(groups);
+  const auto click = [&](const char* name) {
+    station.Loop().RunEvent([&] { groups->findChild<QAbstractButton*>(name)->click(); });
+  };
+  for (auto* list = groups->findChild<QListWidget*>("GroupList"); list->count() > 0; list->setCurrentRow(0)) {
+    click("BUTdeletegroup");
+  }
+  station.Loop().RunEvent([&] { groups->close(); });
+  ASSERT_TRUE(station.Windows().IsVisible("frmCONGroups")) << "he stays";
+  const std::string told = station.Messages().back();
+  auto* server = groups->findChild<QComboBox*>("COMCelestrak");
+  for (int row = 0; row < server->count(); ++row) {
+    if (told.find("choose \"" + server->itemText(row).toStdString() + '"') != std::string::npos)
+      server->setCurrentIndex(row);
+  }
+  ASSERT_GE(server->currentIndex(), 0) << told;
+  click("BUTaddCelestrak");
+  station.Loop().RunEvent([&] { groups->close(); });
+  EXPECT_FALSE(station.Windows().Find("frmCONGroups"));
+  station.Loop().RunEvent([] { station::TheHub().RunActivation(); });
+  EXPECT_TRUE(station.Windows().Find("frmLAUNCHER")) << "the run goes on";
   station.Close();
 }
 
