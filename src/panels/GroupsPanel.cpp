@@ -61,6 +61,11 @@ void OpenOutside(const std::string& address) {
   if (!platform::TheOpener().Open(address)) throw Fault::InvalidCall();
 }
 
+std::string NotSavedText() {
+  return "Your groups and favourites could not all be saved in " + platform::AppDir +
+         ": error.log tells why. They hold until Kestrava ends; the files stay as they were.";
+}
+
 std::string UnknownText(const std::vector<std::string>& names) {
   std::string text = "These favourites are not known yet, as their file came after the start: ";
   for (std::size_t i = 0; i < std::min(names.size(), kUnknownNamed); ++i) text += (i > 0 ? ", " : "") + names[i];
@@ -91,8 +96,9 @@ void GroupsPanel::Load() {
 void GroupsPanel::Unload() {
   open_ = false;
   const FaultTrap trap{kUnloadTrap};
-  trap([&] { store::SaveFaves(tables_); });
-  trap([&] { store::SaveGroups(tables_); });
+  const bool faves = trap([&] { store::SaveFaves(tables_); });
+  const bool groups = trap([&] { store::SaveGroups(tables_); });
+  saved_ = faves && groups;
 }
 
 bool GroupsPanel::MayClose() {
@@ -101,6 +107,7 @@ bool GroupsPanel::MayClose() {
 }
 
 void GroupsPanel::UserClosed() {
+  if (!saved_) TheMessages().Show(NotSavedText());
   if (!FirstGroupTrouble(tables_).empty()) return;  // this run ends, and a new one would, too
   const orbit::OrbitEngine* engine = engine_();
   if (engine == nullptr) return;

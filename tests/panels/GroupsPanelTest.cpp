@@ -376,6 +376,9 @@ TEST_F(GroupsPanelTest, AFileThatCannotBeWrittenIsLoggedAndTheOtherIsWritten) {
   panel.Unload();
   EXPECT_EQ(TakeFaults(), Texts{"Disk full - CONgroups - Unload"});
   EXPECT_NE(Content("groups.dat").find("Weather"), std::string::npos);
+  EXPECT_TRUE(messages.Texts().empty()) << "the station may be ending";
+  messages.ExpectMessage("could not all be saved in /house/");
+  panel.UserClosed();
 }
 
 TEST_F(GroupsPanelTest, FavouritesThatTheRunningEngineDoesNotKnowAreToldAtTheEnd) {

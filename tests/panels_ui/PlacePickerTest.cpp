@@ -259,6 +259,21 @@ TEST_F(PlacePickerTest, TheArrowKeysChooseAmongTheHits) {
   EXPECT_EQ(Text("Tlocation"), "Sankt Gallen");
 }
 
+TEST_F(PlacePickerTest, DownOnTheOnlyHitStaysOnIt) {
+  OpenPicker();
+  Type("Tcity", "zur");
+  Key(Popup(), Qt::Key_Down);
+  EXPECT_EQ(Popup().currentIndex().row(), 0);
+}
+
+TEST_F(PlacePickerTest, AnotherPlaceOfTheListEmptiesTheSearch) {
+  OpenPicker();
+  Type("Tcity", "zur");
+  Key(Box("Tcity"), Qt::Key_Return);
+  ChooseRow(1);
+  EXPECT_EQ(Text("Tcity"), "");
+}
+
 TEST_F(PlacePickerTest, AClickTakesAHit) {
   OpenPicker();
   Type("Tcity", "sa");
