@@ -145,17 +145,11 @@ QGroupBox* MainSettingsWindow::BuildRecording(QWidget* page) {
 }
 
 void MainSettingsWindow::AddCheck(QGridLayout& grid, MainCheck check, std::string_view mnemonicAt) {
-  const CheckRow& row = MainChecks()[PlaceOf(check)];
-  auto* box = new TickBox(ToQt(row.objectName), WithMnemonic(row.caption, mnemonicAt), grid.parentWidget());
-  checks_[PlaceOf(check)] = box;
-  AddLine(grid, box);
+  checks_[PlaceOf(check)] = AddTickBox(grid, MainChecks()[PlaceOf(check)], mnemonicAt);
 }
 
 void MainSettingsWindow::AddSlider(QGridLayout& grid, MainSlider slider, std::string_view mnemonicAt) {
-  const SliderRow& row = MainSliders()[PlaceOf(slider)];
-  auto* control = new ValueSlider(row, grid.parentWidget());
-  sliders_[PlaceOf(slider)] = control;
-  AddField(grid, WithMnemonic(row.heading, mnemonicAt), control);
+  sliders_[PlaceOf(slider)] = AddValueSlider(grid, MainSliders()[PlaceOf(slider)], mnemonicAt);
 }
 
 void MainSettingsWindow::ConnectSignals() {

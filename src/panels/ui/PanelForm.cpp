@@ -117,6 +117,18 @@ void AddFieldWithUnit(QGridLayout& grid, const QString& label, QWidget* field, c
   field->setAccessibleName(name);
 }
 
+TickBox* AddTickBox(QGridLayout& grid, const CheckRow& row, std::string_view at) {
+  auto* box = new TickBox(ToQt(row.objectName), WithMnemonic(row.caption, at), grid.parentWidget());
+  AddLine(grid, box);
+  return box;
+}
+
+ValueSlider* AddValueSlider(QGridLayout& grid, const SliderRow& row, std::string_view at) {
+  auto* slider = new ValueSlider(row, grid.parentWidget());
+  AddField(grid, WithMnemonic(row.heading, at), slider);
+  return slider;
+}
+
 void AddNote(QGridLayout& grid, const QString& text) {
   auto* note = new QLabel(text, grid.parentWidget());
   note->setWordWrap(true);

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <vector>
 
+#include "PanelWidgets.h"
+
 namespace kestrava::panels::ui {
 
 /// A text with the mark of its mnemonic in front of the first place where `at` stands in it.
@@ -27,6 +29,10 @@ void AddLine(QGridLayout& grid, QWidget* line);
 /// Adds a small field with its unit behind it. @param name  of the field for assistive programs, its unit too
 void AddFieldWithUnit(QGridLayout& grid, const QString& label, QWidget* field, const QString& unit,
                       const QString& name);
+/// Adds the tick box of a row of settings, its mnemonic in front of the first place where `at` stands in its caption.
+TickBox* AddTickBox(QGridLayout& grid, const CheckRow& row, std::string_view at);
+/// Adds the slider of a row of settings beside its heading, which has the mnemonic.
+ValueSlider* AddValueSlider(QGridLayout& grid, const SliderRow& row, std::string_view at);
 /// Adds a line of explanation.
 void AddNote(QGridLayout& grid, const QString& text);
 

@@ -62,17 +62,11 @@ QGroupBox* Settings2DWindow::BuildPictures(QWidget* page) {
 }
 
 void Settings2DWindow::AddCheck(QGridLayout& grid, MapCheck check, std::string_view mnemonicAt) {
-  const CheckRow& row = MapChecks()[PlaceOf(check)];
-  auto* box = new TickBox(ToQt(row.objectName), WithMnemonic(row.caption, mnemonicAt), grid.parentWidget());
-  checks_[PlaceOf(check)] = box;
-  AddLine(grid, box);
+  checks_[PlaceOf(check)] = AddTickBox(grid, MapChecks()[PlaceOf(check)], mnemonicAt);
 }
 
 void Settings2DWindow::AddSlider(QGridLayout& grid, MapSlider slider, std::string_view mnemonicAt) {
-  const SliderRow& row = MapSliders()[PlaceOf(slider)];
-  auto* control = new ValueSlider(row, grid.parentWidget());
-  sliders_[PlaceOf(slider)] = control;
-  AddField(grid, WithMnemonic(row.heading, mnemonicAt), control);
+  sliders_[PlaceOf(slider)] = AddValueSlider(grid, MapSliders()[PlaceOf(slider)], mnemonicAt);
 }
 
 void Settings2DWindow::AddPicture(QGridLayout& grid, MapPicture picture, std::string_view mnemonicAt) {

@@ -104,7 +104,7 @@ class GroupsPanel {
   std::string detailsOf_;  ///< the satellite that they tell of, whatever is chosen later
   bool userTicks_ = false;
   bool open_ = true;
-  bool saved_ = true;  ///< both files, at the end
+  bool saved_ = true;           ///< both files, at the end
   std::uint64_t listings_ = 0;  ///< grows with every listing: an earlier one that still reads ends
 };
 
