@@ -9,6 +9,7 @@
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/FaultLog.h"
 #include "platform/linux/EndSignals.h"
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
@@ -70,7 +71,10 @@ struct Machine {
     return {&clock,  &stopwatch, &locale,  &settings,     &files,       &eventLoop, &messages,
             &opener, &random,    &silence, windows.get(), &fileChooser, &printing};
   }
-  ~Machine() { windows.reset(); }
+  ~Machine() {
+    windows.reset();
+    platform::EndFaultLog();
+  }
 };
 
 fs::path ProgramFolder() {

@@ -26,11 +26,12 @@ double Degrees(double radians) {
 struct Coming {
   std::string satellite;
   int catalogueNumber = 0;
-  bool inView = false;
+  Value inView = std::monostate();  ///< nothing while the elements give no position
   SerialDate rise = orbit::kNoSuchMoment;
   SerialDate set = orbit::kNoSuchMoment;
 
-  bool HasAny() const { return inView || rise != orbit::kNoSuchMoment || set != orbit::kNoSuchMoment; }
+  bool IsInView() const { return std::holds_alternative<bool>(inView) && std::get<bool>(inView); }
+  bool HasAny() const { return IsInView() || rise != orbit::kNoSuchMoment || set != orbit::kNoSuchMoment; }
   /// Those without a rise come last.
   double SortKey() const { return rise == orbit::kNoSuchMoment ? std::numeric_limits<double>::infinity() : rise; }
 };
@@ -48,15 +49,15 @@ Value AzimuthAt(Station& station, const Coming& coming, SerialDate utc) {
 std::vector<Coming> ComingsAfter(Station& station, const std::vector<std::string>& satellites, SerialDate utc) {
   std::vector<Coming> comings;
   for (const std::string& satellite : satellites) {
+    Coming coming{satellite, station.Engine().CatalogueNumber(satellite)};
     try {
-      Coming coming{satellite, station.Engine().CatalogueNumber(satellite)};
       coming.rise = station.Engine().NextAOSTime(satellite, utc);
       coming.set = station.Engine().NextLOSTime(satellite, utc);
       coming.inView = station.Engine().LookAngle(satellite, utc).elevationRad > 0;
-      comings.push_back(coming);
     } catch (const platform::Fault& fault) {
       station.Note(satellite + ": " + fault.what());
     }
+    comings.push_back(coming);
   }
   std::stable_sort(comings.begin(), comings.end(),
                    [](const auto& a, const auto& b) { return a.SortKey() < b.SortKey(); });
@@ -161,19 +162,23 @@ void AnswerWhere(Station& station, const Request& request, std::ostream& out) {
                    {"longitude_east_deg", "East", "0.00"},
                    {"orbit_number", "Orbit", ""}},
                   {}};
+  bool any = false;
   for (const std::string& name : station.Resolve(request.names)) {
+    std::vector<Value>& row = records.rows.emplace_back();
+    row = {name, station.Engine().CatalogueNumber(name), Moment{utc}};
     try {
       const orbit::ObjectPlace place = station.Engine().PlaceOf(name, utc);
-      records.rows.push_back({name, station.Engine().CatalogueNumber(name), Moment{utc}, Degrees(place.look.azimuthRad),
-                              Degrees(place.look.elevationRad), place.look.rangeKm, place.look.rangeRateKmS,
-                              place.subPoint.heightKm, Degrees(place.subPoint.latitudeRad),
-                              EastDeg(Degrees(place.subPoint.longitudeRad)), place.revolution});
+      row.insert(row.end(), {Degrees(place.look.azimuthRad), Degrees(place.look.elevationRad), place.look.rangeKm,
+                             place.look.rangeRateKmS, place.subPoint.heightKm, Degrees(place.subPoint.latitudeRad),
+                             EastDeg(Degrees(place.subPoint.longitudeRad)), place.revolution});
+      any = true;
     } catch (const platform::Fault& fault) {
       station.Note(name + ": " + fault.what());
     }
+    row.resize(records.columns.size());  // nothing is known: dashes, as in the windows
   }
   WriteRecords(out, request.format, {station.Observer(), {{"time", Moment{utc}}}, "satellites"}, records);
-  if (records.rows.empty()) throw NotFound("no position at " + IsoText(utc));
+  if (!any) throw NotFound("no position at " + IsoText(utc));
 }
 
 void AnswerList(Station& station, const Request& request, std::ostream& out) {

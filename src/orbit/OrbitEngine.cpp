@@ -9,6 +9,7 @@
 #include "platform/Fault.h"
 
 #include "Catalogue.h"
+#include "NoPosition.h"
 
 namespace kestrava::orbit {
 namespace {
@@ -22,12 +23,6 @@ constexpr std::int16_t kTrue = -1;
 platform::Fault UnknownName(std::string_view name) {
   constexpr int kInvalidCall = 5;
   return {kInvalidCall, "No element set for \"" + std::string(name) + "\""};
-}
-
-platform::Fault NoPosition(std::string_view name, ModelError error) {
-  constexpr int kOverflow = 6;
-  return {kOverflow,
-          "No position for \"" + std::string(name) + "\": model error " + std::to_string(static_cast<int>(error))};
 }
 
 /// The sub-point moves south where the velocity has a southward part along the ellipsoid.

@@ -10,7 +10,10 @@
 #include "orbit/TimeHelpers.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/FaultLog.h"
 #include "platform/Format.h"
+
+#include "NoPosition.h"
 
 namespace kestrava::orbit {
 
@@ -26,7 +29,8 @@ Sky TheSky() {
 
 namespace {
 
-constexpr platform::FaultTrap kTrap{"Global Satcalc"};
+constexpr std::string_view kTrapName = "Global Satcalc";
+constexpr platform::FaultTrap kTrap{kTrapName};
 
 constexpr std::int16_t AsBoolean(bool value) {
   return value ? -1 : 0;
@@ -77,10 +81,25 @@ class ObserverElsewhere {
   double height_;
 };
 
+/// The trap of the one statement that fails at every tick of every window where a satellite's elements give nothing.
+template <class Statement>
+bool TryPosition(std::string_view name, Statement&& statement) {
+  bool found = false;
+  const bool known = kTrap([&] {
+    try {
+      statement();
+      found = true;
+    } catch (const NoPosition& fault) {
+      platform::ErrorTrapOnceADay(fault.what(), kTrapName, name);
+    }
+  });
+  return known && found;
+}
+
 /// @return false if the engine gave no position
 bool CalcPlace(OrbitEngine& engine, std::string_view name, double engineTime, ResultBlock& result) {
   double azimuthRad = 0, elevationRad = 0, lonRad = 0, latRad = 0;
-  const bool found = kTrap([&] {
+  const bool found = TryPosition(name, [&] {
     std::int16_t unused = 0;
     engine.CalcPosition(name, engineTime, 0, 0, result.SatDescending, azimuthRad, elevationRad, lonRad, latRad,
                         result.SatRange, result.SatRangeRate, result.SatHeight, result.SatPhase, unused);

@@ -6,6 +6,7 @@
 #include "orbit/TimeHelpers.h"
 #include "platform/Fault.h"
 #include "platform/Format.h"
+#include "views2d/MapState.h"
 
 #include "Sprites.h"
 
@@ -56,8 +57,8 @@ bool IsMoonShown(double elDeg) {
   return elDeg >= kMoonUpDeg;
 }
 
-bool IsSatelliteShown(double elDeg) {
-  return elDeg > 0;
+bool IsSatelliteShown(const orbit::FaveRec& row) {
+  return !row.hasNoPosition && row.El > 0;
 }
 
 bool HasSet(double elDeg) {
@@ -183,15 +184,17 @@ void HorizonPainter::PaintBody(const BodyInSky& body, const Surface& mask, const
 void HorizonPainter::PaintFavourite(int index, const DateParts& now) {
   orbit::Tables& tables = sky_.tables;
   orbit::FaveRec& row = At(tables.FaveList, index);
-  trap([&] { orbit::Satcalc(sky_, row.Name, now, false); });
+  row.hasNoPosition = true;
+  trap([&] { row.hasNoPosition = !orbit::Satcalc(sky_, row.Name, now, false); });
   row.Az = tables.result.SatAz;
   row.El = tables.result.SatEl;
-  if (IsSatelliteShown(row.El) && tables.SelSat == 0) {
+  if (!IsSatelliteShown(row)) return;
+  if (tables.SelSat == 0) {
     tables.SelSat = platform::ToInt16(index);
     trap([&] { host_.SatelliteTaken(index); });
     if (!host_.IsOpen()) return;
   }
-  if (IsSatelliteShown(row.El)) DrawFavourite(row);
+  DrawFavourite(row);
 }
 
 // On this view the rise moves a label left, not up.
@@ -219,7 +222,8 @@ void HorizonPainter::PaintLastLine() {
     return;
   }
   const orbit::FaveRec& row = At(tables.FaveList, tables.SelSat);
-  final.Print(" " + row.Name + "     AZ: " + FloorText(row.Az) + "      EL: " + FloorText(row.El));
+  const auto degrees = [&](double value) { return row.hasNoPosition ? kNoValue : FloorText(value); };
+  final.Print(" " + row.Name + "     AZ: " + degrees(row.Az) + "      EL: " + degrees(row.El));
 }
 
 void HorizonPainter::DrawSkyTrack(std::string_view name) {

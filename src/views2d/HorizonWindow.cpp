@@ -101,6 +101,7 @@ void HorizonWindow::Timer5secTick() {
   reportTrap([&] {
     if (sky_.tables.SelSat == 0 || !view_.IsMarked(HorizonMark::kAnnouncePosition)) return;
     const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, sky_.tables.SelSat);
+    if (row.hasNoPosition) return;
     platform::SayText("Heading " + FloorText(row.Az) + ", Elevation " + FloorText(row.El), true,
                       platform::SpeechKind::kPositionReport);
   });
@@ -129,7 +130,9 @@ void HorizonWindow::FinalMousedown(double x, double y) {
   int pick = 0;
   for (int i = 1; i <= tables.FaveCount; ++i) {
     clickTrap([&] {
-      const double distance = DistanceTo(platform::At(tables.FaveList, i), x, y);
+      const orbit::FaveRec& row = platform::At(tables.FaveList, i);
+      if (row.hasNoPosition) return;
+      const double distance = DistanceTo(row, x, y);
       if (!(distance < best)) return;  // a row without a place is no nearer than any
       pick = i;
       best = platform::RoundHalfEven(distance);
@@ -199,7 +202,7 @@ bool HorizonWindow::LiesOn(const BodyInSky& body, double x, double y) const {
 
 // On its sprite or on its name.
 bool HorizonWindow::LiesOn(const orbit::FaveRec& row, double x, double y) const {
-  if (!IsSatelliteShown(row.El)) return false;
+  if (!IsSatelliteShown(row)) return false;
   const double column = AzToX(row.Az, view_.FinalWidthPx(), state_.CentreNorth);
   const double top = ElToY(row.El, view_.FinalHeightPx()) - kSatRisePx;
   if (Within(x, column - kSatSizePx / 2.0, kSatSizePx) && Within(y, top, kSatSizePx)) return true;

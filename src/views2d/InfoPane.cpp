@@ -1,5 +1,8 @@
 #include "InfoPane.h"
 
+#include <array>
+#include <utility>
+
 #include "orbit/Angles.h"
 #include "orbit/TimeHelpers.h"
 #include "platform/Fault.h"
@@ -73,6 +76,21 @@ void FillInfoPane(const orbit::Tables& tables, std::string_view name, MapState& 
   ShowPlace(tables.result, name, map, host);
   ShowDistances(tables.result, map, host);
   ShowOrbit(tables.result, map, host);
+}
+
+void ShowNoPosition(std::string_view name, MapState& map, MapHost& host) {
+  constexpr auto kHeads = std::to_array<std::pair<int, std::string_view>>({{1, "Latitude : "},
+                                                                           {2, "Longitude : "},
+                                                                           {3, "Azimuth : "},
+                                                                           {4, "Elevation : "},
+                                                                           {5, "Height : "},
+                                                                           {6, "Range : "},
+                                                                           {7, "AOS : "},
+                                                                           {8, "MA : "},
+                                                                           {9, "Orbit : "},
+                                                                           {17, "Phase(MA) : "}});
+  trap([&] { SetRemoteStat(map, host, 0, {"Satellite : ", name}); });
+  for (const auto& [index, head] : kHeads) trap([&] { SetRemoteStat(map, host, index, {head, kNoValue}); });
 }
 
 void ShowNoradTime(MapState& map, MapHost& host) {

@@ -17,6 +17,9 @@ void SetRemoteStat(MapState& map, MapHost& host, int index, std::initializer_lis
 /// The lines of the selected satellite, from the result block as it stands.
 void FillInfoPane(const orbit::Tables& tables, std::string_view name, MapState& map, MapHost& host);
 
+/// The same lines for a satellite of which nothing is known: its name, and dashes.
+void ShowNoPosition(std::string_view name, MapState& map, MapHost& host);
+
 /// The line with the moment as day of the year and fraction, Universal Time.
 void ShowNoradTime(MapState& map, MapHost& host);
 

@@ -215,6 +215,7 @@ void MapPainter::PaintTrack() {
   for (int i = 0; i <= lastRow; ++i) {
     const bool drawn = trap([&] {
       const orbit::TrackRec& row = At(tables_.GroundTrack, i);
+      if (row.hasNoPosition) return;
       surfaces_.Final.SetPen(row.colour);
       surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
     });
@@ -224,6 +225,7 @@ void MapPainter::PaintTrack() {
 
 void MapPainter::PaintFootprint() {
   if (!platform::ReadSwitch("ShowFootprints", "1")) return;
+  if (At(tables_.FaveList, tables_.SelSat).hasNoPosition) return;  // the circle is another one's
   surfaces_.Final.SetPen(platform::kOrange);
   for (int i = 0; i <= 360; i += 2) {
     const orbit::PointRec& row = At(tables_.FootPrint, i);
@@ -243,6 +245,7 @@ void MapPainter::PaintSatellites() {
 
 void MapPainter::PaintSatellite(int index) {
   const orbit::FaveRec& row = At(tables_.FaveList, index);
+  if (row.hasNoPosition) return;
   const SpriteLook look = LookOnMap(row.Name);
   const double x = LonToMapX(row.Lon);
   const double y = LatToMapY(row.Lat);

@@ -295,6 +295,7 @@ void MapWindow::FinalMousedown(bool rightButton, double x, double y) {
   int pick = 0;
   for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
     const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, i);
+    if (row.hasNoPosition) continue;  // what nobody sees is near to nothing
     const double distance = std::abs(x - LonToX(row.Lon, view_.FinalWidthPx(), state_.MapMode)) +
                             std::abs(y - LatToY(row.Lat, view_.FinalHeightPx(), state_.MapMode));
     if (!(distance < best)) continue;  // a row without a place is no nearer than any

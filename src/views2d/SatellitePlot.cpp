@@ -96,16 +96,19 @@ void TriggerRecorder(orbit::Tables& tables, const WarpClock& warp, std::string_v
 void PlotFavourite(const orbit::Sky& sky, MapState& map, MapHost& host, int index, BestOfAll& best) {
   orbit::Tables& tables = sky.tables;
   FaveRec& row = At(tables.FaveList, index);
-  trap([&] { orbit::Satcalc(sky, row.Name, ShownMoment(map.warp), true); });
+  row.hasNoPosition = true;
+  trap([&] { row.hasNoPosition = !orbit::Satcalc(sky, row.Name, ShownMoment(map.warp), true); });
   TriggerRecorder(tables, map.warp, row.Name);
   row.Lon = tables.result.SatLon;
   row.Lat = tables.result.SatLat;
   row.El = tables.result.SatEl;
   row.Az = tables.result.SatAz;
   trap([&] {
-    if (platform::ReadSwitch("AutoSelect", "0") && row.El > best.elevationDeg) best = {row.El, index};
+    const bool higher = !row.hasNoPosition && row.El > best.elevationDeg;
+    if (platform::ReadSwitch("AutoSelect", "0") && higher) best = {row.El, index};
   });
   if (index != tables.SelSat) return;
+  if (row.hasNoPosition) return ShowNoPosition(row.Name, map, host);
   CalcFootprint(tables, tables.result.SatHeight, tables.result.SatLat, tables.result.SatLon);
   FillInfoPane(tables, row.Name, map, host);
 }
@@ -113,7 +116,9 @@ void PlotFavourite(const orbit::Sky& sky, MapState& map, MapHost& host, int inde
 void SelectBest(orbit::Tables& tables, MapHost& host, const BestOfAll& best) {
   trap([&] {
     if (!platform::ReadSwitch("AutoSelect", "0") || best.index == tables.SelSat) return;
-    if (At(tables.FaveList, tables.SelSat).El >= kKeepsSelectionDeg) return;
+    if (At(tables.FaveList, best.index).hasNoPosition) return;  // none has one
+    const FaveRec& selected = At(tables.FaveList, tables.SelSat);
+    if (!selected.hasNoPosition && selected.El >= kKeepsSelectionDeg) return;
     tables.SelSat = ToInt16(best.index);
     host.SelectFavourite(best.index);
   });
@@ -173,12 +178,14 @@ void CalcGroundTrack(const orbit::Sky& sky, const MapState& map) {
     lastStep = platform::ToInt16(kTrackStepsPerMinute * platform::ReadNumberSetting("GroundTrackLen", "90"));
   });
   for (int step = 0; step <= lastStep; ++step) {
-    trackTrap([&] { orbit::Satcalc(sky, At(tables.FaveList, tables.SelSat).Name, moment, false); });
+    bool found = false;
+    trackTrap([&] { found = orbit::Satcalc(sky, At(tables.FaveList, tables.SelSat).Name, moment, false); });
     const bool stored = trackTrap([&] {
       orbit::TrackRec& row = At(tables.GroundTrack, step);
       row.lat = tables.result.SatLat;
       row.lon = tables.result.SatLon;
       row.colour = tables.result.SatEl <= 0 ? 0x0000FF : 0xFFFFFF;  // red below the horizon, white above
+      row.hasNoPosition = !found;
     });
     if (!stored) return;  // beyond the table, as all further steps would be
     StepForward(moment);

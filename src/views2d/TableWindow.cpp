@@ -13,6 +13,7 @@
 #include "platform/Settings.h"
 #include "platform/Speech.h"
 #include "platform/Text.h"
+#include "views2d/MapState.h"
 
 namespace kestrava::views2d {
 
@@ -30,6 +31,13 @@ void FillCells(TableRow& row, const orbit::ResultBlock& result) {
   row.cells.back() = result.SatDescending != 0 ? "Decending" : "Accending";
 }
 
+void FillWithDashes(TableRow& row) {
+  for (std::size_t i = 1; i < row.cells.size(); ++i) {
+    row.cells[i] = kNoValue;
+    row.numbers[i].reset();
+  }
+}
+
 std::string JoinedByTabs(std::span<const std::string> cells) {
   std::string line;
   for (const std::string& cell : cells) {
@@ -40,6 +48,10 @@ std::string JoinedByTabs(std::span<const std::string> cells) {
 }
 
 }  // namespace
+
+bool IsInRange(double elDeg) {
+  return elDeg > 0;
+}
 
 std::string RowsAsText(std::span<const TableRow> rows, std::span<const int> which, bool withHeads) {
   std::vector<std::string> lines;
@@ -112,10 +124,14 @@ int TableWindow::UpdateRows() {
 
 void TableWindow::UpdateRow(TableRow& row, const platform::DateParts& now) {
   const std::string name(platform::Trim(row.cells[0]));
-  orbit::Satcalc(sky_, name, now, false);
+  if (!orbit::Satcalc(sky_, name, now, false)) {  // it is nowhere, and so out of range
+    FillWithDashes(row);
+    row.colour = kOutOfRange;
+    return;
+  }
   const orbit::ResultBlock& result = sky_.tables.result;
   const double azimuthDeg = result.SatAz;
-  const bool up = result.SatEl > 0;
+  const bool up = IsInRange(result.SatEl);
   FillCells(row, result);
   if (up && row.colour == kOutOfRange) {
     // No blank before "degrees.": it is said so.

@@ -1,4 +1,5 @@
 // "kestrava next", "where" and "list" on a scripted station.
+#include <algorithm>
 #include <cmath>
 
 #include <gtest/gtest.h>
@@ -82,6 +83,43 @@ TEST_F(Lookups, AMomentThatTheElementsDoNotReachIsToldByName) {
   const Answer answer = Run({"where", "25544", "--at-time", "2099-01-01"});
   EXPECT_EQ(answer.code, 1);
   EXPECT_NE(answer.err.find("ISS (ZARYA): "), std::string::npos) << answer.err;
+}
+
+/// A cubesat that came down long ago: its elements give no position any more.
+constexpr const char* kGoneSet =
+    "OSNSAT\n"
+    "1 41939U 98067KZ  26309.28402027  .11925055  12489-4  54124-3 0  9996\n"
+    "2 41939 051.6147 038.9582 0001091 231.1728 128.9202 16.43639489055773\n";
+
+TEST_F(Lookups, WhereAnswersDashesForOneWhoseElementsGiveNoPosition) {
+  Put("stations.txt", kGoneSet + Shipped("weather.txt"));
+  const Answer text = Run({"where", "OSNSAT", "NOAA 15"});
+  EXPECT_EQ(text.code, 0) << text.err;
+  const std::vector<std::string> lines = text.Lines();
+  ASSERT_EQ(lines.size(), 3u) << text.out;
+  EXPECT_TRUE(lines[1].starts_with("OSNSAT ")) << lines[1];
+  EXPECT_EQ(std::count(lines[1].begin(), lines[1].end(), '-'), 7) << lines[1];
+  EXPECT_NE(text.err.find("OSNSAT: No position"), std::string::npos) << text.err;
+  const Json row = Run({"where", "OSNSAT", "NOAA 15", "--format", "json"}).OutAsJson()["satellites"][0];
+  EXPECT_EQ(row["catalogue_number"], 41939);
+  EXPECT_TRUE(row["elevation_deg"].is_null());
+  EXPECT_TRUE(row["orbit_number"].is_null());
+}
+
+TEST_F(Lookups, WhereOfNoneWithAPositionIsNotFound) {
+  Put("stations.txt", kGoneSet);
+  const Answer answer = Run({"where", "OSNSAT"});
+  EXPECT_EQ(answer.code, 1);
+  EXPECT_NE(answer.err.find("no position at"), std::string::npos) << answer.err;
+}
+
+TEST_F(Lookups, NextDoesNotSayWhetherOneWithoutAPositionIsInView) {
+  Put("stations.txt", kGoneSet + Shipped("weather.txt"));
+  const Json rows = Run({"next", "NOAA 15", "OSNSAT", "--format", "json"}).OutAsJson()["next"];
+  ASSERT_EQ(rows.size(), 2u);
+  EXPECT_EQ(rows[1]["satellite"], "OSNSAT");
+  EXPECT_TRUE(rows[1]["in_view"].is_null());
+  EXPECT_TRUE(rows[0]["in_view"].is_boolean());
 }
 
 TEST_F(Lookups, ListNamesSatellitesGroupsAndFavourites) {

@@ -42,11 +42,12 @@ TEST_F(FaultLines, StandsUpToItsBoundAndIsDeletedWhenALineCrossesIt) {
   Put("error.log", std::string(kErrorLogBoundBytes - line.size(), 'a'));
   ErrorTrap("Overflow", "x");
   EXPECT_EQ(Content("error.log").size(), kErrorLogBoundBytes) << "exactly the bound is not above it";
+  clock.AdvanceMs(60e3);
   Put("error.log", std::string(kErrorLogBoundBytes - line.size() + 1, 'a'));
   ErrorTrap("Overflow", "x");
   EXPECT_FALSE(FileExists(InAppDir("error.log")));
   ErrorTrap("Overflow", "x");
-  EXPECT_EQ(Content("error.log"), line) << "the next fault makes a new one";
+  EXPECT_EQ(Content("error.log"), ErrorLogLine("Overflow", "x") + "\n") << "the next fault makes a new one";
   TakeFaults();
 }
 
@@ -78,10 +79,97 @@ TEST_F(FaultLines, IsNotHarmedByADeviceThatBreaksAtAnyByte) {
   for (std::size_t offset = 0; offset < length; ++offset) {
     Put("error.log", "earlier\n");
     files.BreakWriteAfter(offset);
+    clock.AdvanceMs(60e3);  // a first one each time
     ErrorTrap("Overflow", "x");
     files.Mend();
     EXPECT_EQ(Content("error.log").substr(0, 8), "earlier\n") << offset;
   }
+  TakeFaults();
+}
+
+TEST_F(FaultLines, RepeatsOfAMinuteEndInOneLineWithTheirNumberWhenALaterMinuteHasAFault) {
+  for (int i = 0; i < 41; ++i) {
+    ErrorTrap("Overflow", "map - Timer1");
+    clock.AdvanceMs(1000);
+  }
+  EXPECT_EQ(ErrorLog(), Lines{"2.02 01/06/2024 - 12:00:00 - Overflow - map - Timer1"});
+  clock.AdvanceMs(60e3);
+  ErrorTrap("File not found", "Global LoadFaves");
+  EXPECT_EQ(ErrorLog(), (Lines{"2.02 01/06/2024 - 12:00:00 - Overflow - map - Timer1",
+                               "2.02 01/06/2024 - 12:00:40 - Overflow (40 times) - map - Timer1",
+                               "2.02 01/06/2024 - 12:01:41 - File not found - Global LoadFaves"}));
+  TakeFaults();
+}
+
+TEST_F(FaultLines, EveryMinuteBeginsWithAWholeLine) {
+  clock.AdvanceMs(58e3);
+  for (int i = 0; i < 4; ++i) {
+    ErrorTrap("Overflow", "x");
+    clock.AdvanceMs(1000);
+  }
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog(),
+            (Lines{"2.02 01/06/2024 - 12:00:58 - Overflow - x", "2.02 01/06/2024 - 12:00:59 - Overflow - x",
+                   "2.02 01/06/2024 - 12:01:00 - Overflow - x", "2.02 01/06/2024 - 12:01:01 - Overflow - x"}))
+      << "a single repeat is a line like any other";
+  TakeFaults();
+}
+
+TEST_F(FaultLines, TheEndOfTheRunWritesWhatIsStillToBeTold) {
+  for (int i = 0; i < 121; ++i) ErrorTrap("Overflow", "x");
+  ErrorTrap("Overflow", "y");
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog(), (Lines{"2.02 01/06/2024 - 12:00:00 - Overflow - x", "2.02 01/06/2024 - 12:00:00 - Overflow - y",
+                               "2.02 01/06/2024 - 12:00:00 - Overflow (120 times) - x"}));
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog().size(), 3U) << "it is told once";
+  ErrorTrap("Overflow", "x");
+  EXPECT_EQ(ErrorLog().size(), 4U) << "the next run's first one";
+  TakeFaults();
+}
+
+TEST_F(FaultLines, RepeatsStandInTheOrderOfTheirLastMoments) {
+  for (const char* name : {"b", "a", "a", "b"}) {
+    ErrorTrap("Overflow", name);
+    clock.AdvanceMs(1000);
+  }
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog(),
+            (Lines{"2.02 01/06/2024 - 12:00:00 - Overflow - b", "2.02 01/06/2024 - 12:00:01 - Overflow - a",
+                   "2.02 01/06/2024 - 12:00:02 - Overflow - a", "2.02 01/06/2024 - 12:00:03 - Overflow - b"}));
+  TakeFaults();
+}
+
+TEST_F(FaultLines, OneThatLastsIsWrittenOnceADayForEachSubject) {
+  clock.SetUtc(DateParts{2024, 6, 1, 20, 0, 0});
+  clock.SetOffsetHours(2);
+  for (int i = 0; i < 119; ++i) {
+    ErrorTrapOnceADay("No position: " + std::to_string(i), "Global Satcalc", "OSNSAT");
+    clock.AdvanceMs(60e3);
+  }
+  EXPECT_EQ(ErrorLog(), Lines{"2.02 01/06/2024 - 22:00:00 - No position: 0 - Global Satcalc"});
+  ErrorTrapOnceADay("No position", "Global Satcalc", "IRIDIUM 6");
+  EXPECT_EQ(ErrorLog().size(), 2U);
+  clock.AdvanceMs(60e3);  // local midnight
+  ErrorTrapOnceADay("No position", "Global Satcalc", "OSNSAT");
+  EXPECT_EQ(ErrorLog().back(), "2.02 02/06/2024 - 00:00:00 - No position - Global Satcalc");
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog().size(), 3U) << "it is never counted";
+  TakeFaults();
+}
+
+TEST_F(FaultLines, ALogThatIsDeletedBeginsAnewWithWhatLastsAndWithWhatRepeats) {
+  ErrorTrapOnceADay("No position", "Global Satcalc", "OSNSAT");
+  ErrorTrap("Overflow", "x");
+  ErrorTrap("Overflow", "x");
+  Put("error.log", std::string(kErrorLogBoundBytes, 'a'));
+  ErrorTrap("File not found", "y");
+  ASSERT_FALSE(FileExists(InAppDir("error.log")));
+  ErrorTrap("Overflow", "x");
+  ErrorTrapOnceADay("No position", "Global Satcalc", "OSNSAT");
+  EndFaultLog();
+  EXPECT_EQ(ErrorLog(), (Lines{"2.02 01/06/2024 - 12:00:00 - Overflow - x",
+                               "2.02 01/06/2024 - 12:00:00 - No position - Global Satcalc"}));
   TakeFaults();
 }
 

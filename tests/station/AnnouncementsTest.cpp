@@ -45,6 +45,16 @@ TEST_F(Announcements, OnTheHorizonIsNotUp) {
   EXPECT_TRUE(speech.said.empty());
 }
 
+TEST_F(Announcements, WhoseElementsGiveNoPositionIsLeftOut) {
+  Add("ISS (ZARYA)", 123.9, 45.9);
+  Add("OSNSAT", 0, 45);
+  tables.FaveList[2].hasNoPosition = true;
+  AnnouncePositions(tables, true);
+  AnnouncePositions(tables, false);
+  EXPECT_EQ(speech.said, (std::vector<std::string>{"The International Space station Azimuth 123 Elevation 45. ",
+                                                   "The International Space station, Azimuth 123 Elevation 45. "}));
+}
+
 TEST_F(Announcements, WithoutOneAboveTheHorizonNothingIsSaid) {
   Add("AO-40", 10, -1);
   Add("AO-13", 10, -80);

@@ -63,8 +63,11 @@ TEST(HorizonDecisions, TheMoonIsShownFromOneDegreeOn) {
 }
 
 TEST(HorizonDecisions, AnElevationOfExactlyZeroShowsNoSatelliteAndEndsNoTrack) {
-  EXPECT_FALSE(IsSatelliteShown(0));
-  EXPECT_TRUE(IsSatelliteShown(0.001));
+  orbit::FaveRec row;
+  row.El = 0;
+  EXPECT_FALSE(IsSatelliteShown(row));
+  row.El = 0.001;
+  EXPECT_TRUE(IsSatelliteShown(row));
   EXPECT_FALSE(HasSet(0));
   EXPECT_TRUE(HasSet(-0.001));
 }

@@ -157,20 +157,23 @@ TEST_F(TableRows, AreRedAboveTheHorizonAndWhiteBelow) {
   EXPECT_EQ(Row(0).colour, 0xFFFFFFu);
 }
 
-/// A name that the engine does not know comes out of the calculation at exactly 0.
 TEST_F(TableRows, AnElevationOfExactlyZeroCountsAsOutOfRange) {
+  EXPECT_FALSE(IsInRange(0));
+  EXPECT_TRUE(IsInRange(0.001));
+}
+
+TEST_F(TableRows, OneThatTheEngineDoesNotKnowIsOutOfRange) {
   SetFavourites({"NOBODY"});
   OpenTable();
   Second();
-  ASSERT_EQ(tables.result.SatEl, 0);
-  EXPECT_EQ(Row(0).cells[2], "0.00");
+  EXPECT_EQ(Row(0).cells[2], "--");
   EXPECT_EQ(Row(0).colour, 0xFFFFFFu);
   EXPECT_EQ(Label(TableLabel::kStatus), "0 out of 1 Satellites in range");
   EXPECT_TRUE(speech.said.empty());
   EXPECT_FALSE(TakeFaults().empty()) << "the calculation logs what it does not know";
 }
 
-TEST_F(TableRows, AtExactlyZeroARedRowTurnsWhite) {
+TEST_F(TableRows, WhoIsNotKnownAnyMoreTurnsWhite) {
   SetFavourites({kIss});
   SeeAt(kIss, 30);
   OpenTable();

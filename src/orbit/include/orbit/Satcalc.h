@@ -29,7 +29,8 @@ Sky TheSky();
 /// Computes the result block for a satellite, "sun" or "moon".
 /// @param local  local date and time; every part a 16-bit field, which may lie outside its range and rolls over
 /// @param extended  asks for sunlight, visibility, next rise and next set; only the selected satellite gets them
-/// @return false if the engine gave no position, which is logged; the block then holds leftovers
+/// @return false if the engine gave no position; the block then holds leftovers. It is logged: an unknown name each
+/// time, elements that give nothing for the moment once a day
 bool Satcalc(const Sky& sky, std::string_view name, const platform::DateParts& local, bool extended);
 
 /// Longitude as the system has it, degrees west positive, of one as the engine has it, radians east positive: 0 east is

@@ -16,6 +16,9 @@ struct FaveRec {
   double Height = 0;  ///< km, written by the 3D view only
   double Az = 0;      ///< degrees
   double El = 0;      ///< degrees
+  /// The latest calculation for this row gave nothing: the numbers above are leftovers of another one. Whoever writes
+  /// them writes this; what shows or says a row asks it first.
+  bool hasNoPosition = false;
 };
 
 /// Row of the groups. Row 0 stays empty.
@@ -39,6 +42,7 @@ struct TrackRec {
   double lat = 0;  ///< degrees, north positive
   double lon = 0;  ///< degrees, west positive
   std::uint32_t colour = 0;
+  bool hasNoPosition = false;  ///< nothing is known of that moment: no dot
 };
 
 /// A point of a circle on the ground.

@@ -18,9 +18,9 @@ double ElToY(double elDeg, double heightPx);
 /// What is said of the Sun. One slightly below the horizon counts as up; both ends of the twilight belong to it.
 enum class SunInSky { kUp, kTwilight, kTooLow };
 SunInSky SunAt(double elDeg);
-/// The Moon counts from one degree on, a satellite from just above the horizon on.
+/// The Moon counts from one degree on, a satellite from just above the horizon on, if it is known where it stands.
 bool IsMoonShown(double elDeg);
-bool IsSatelliteShown(double elDeg);
+bool IsSatelliteShown(const orbit::FaveRec& row);
 /// A track goes on at an elevation of exactly 0.
 bool HasSet(double elDeg);
 

@@ -23,6 +23,9 @@ struct WarpClock {
   platform::DateParts Parts() const { return {WarpYear, WarpMonth, WarpDay, WarpHour, WarpMinute, WarpSecond}; }
 };
 
+/// What stands in place of a number where a satellite's elements give no position.
+inline constexpr const char* kNoValue = "--";
+
 inline constexpr int kRemoteStatCount = 18;
 
 struct MapState {

@@ -20,6 +20,9 @@ namespace kestrava::views2d {
 inline constexpr platform::Colour kOutOfRange = 0xFFFFFF;
 inline constexpr platform::Colour kInRange = 0x0030FF;
 
+/// Exactly 0 is out of range.
+bool IsInRange(double elDeg);
+
 inline constexpr int kTableColumnCount = 8;
 
 /// A column of TabList.
@@ -27,17 +30,21 @@ struct TableColumn {
   std::string_view caption;
   std::string_view pattern;  ///< of its number; empty: the column holds text
   std::string_view widest;   ///< a text as wide as its usual ones get
+  std::string_view sense;    ///< a sentence: what stands in it
 };
 
 // Two captions are meant as they stand: "Logitude", and "Orbit Number" over the direction of flight.
-inline constexpr std::array<TableColumn, kTableColumnCount> kTableColumns{{{"Satellite", "", "MMMMMMMMMM"},
-                                                                           {"Azimuth (deg)", "###0.00", "000.00"},
-                                                                           {"Elevation (deg)", "###0.00", "-00.00"},
-                                                                           {"Range (km)", "######0.00", "00000.00"},
-                                                                           {"Height (km)", "######0.00", "00000.00"},
-                                                                           {"Latitude (deg)", "###,0.00", "-00.00"},
-                                                                           {"Logitude (deg)", "###,0.00", "000.00"},
-                                                                           {"Orbit Number", "", "Decending"}}};
+inline constexpr std::array<TableColumn, kTableColumnCount> kTableColumns{
+    {{"Satellite", "", "MMMMMMMMMM", "The favourite's name."},
+     {"Azimuth (deg)", "###0.00", "000.00", "Where it stands: degrees from north (0) through east (90)."},
+     {"Elevation (deg)", "###0.00", "-00.00", "Degrees above the horizon, without refraction; negative below it."},
+     {"Range (km)", "######0.00", "00000.00", "Its distance from you."},
+     {"Height (km)", "######0.00", "00000.00", "Its height above the ground below it."},
+     {"Latitude (deg)", "###,0.00", "-00.00", "Latitude of the point below it: north positive, south negative."},
+     {"Logitude (deg)", "###,0.00", "000.00",
+      "Longitude of the point below it, counted to the west from 0 to 360: 10.00 is 10 west, 350.00 is 10 east."},
+     {"Orbit Number", "", "Decending",
+      "The direction of flight, no number: Decending while it moves south, Accending while it moves north."}}};
 
 /// A row of TabList. Its text is the satellite's name.
 struct TableRow {
