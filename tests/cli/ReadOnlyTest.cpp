@@ -51,8 +51,8 @@ TEST_F(ReadOnly, ThePlaceOfTheRunIsPutBack) {
 }
 
 TEST_F(ReadOnly, WithoutAFolderTheShippedDataServeUnseeded) {
-  files.Put("/shipped/groups.dat", Shipped("groups.dat"));
-  files.Put("/shipped/stations.txt", Shipped("stations.txt"));
+  files.Put("/shipped/groups.dat", testing::StationFile("groups.dat"));
+  files.Put("/shipped/stations.txt", testing::StationFile("stations.txt"));
   files.Put("/config/settings.conf", "");
   machine_.shippedData = "/shipped";
   machine_.place = [] { return store::ZonePlace{"America/New_York", 40.7142, -74.0064}; };

@@ -1,11 +1,9 @@
-// A terminal on a scripted station: the shipped data in "/house/", an observer in London in the settings file, noon of
-// 15 November 2026, a day after the epochs of the elements.
+// A terminal on a scripted station: the files of the tests' station in "/house/", an observer in London in the settings
+// file, noon of 15 November 2026, a day after the epochs of the elements.
 #pragma once
 
 #include <cstdlib>
-#include <fstream>
 #include <functional>
-#include <iterator>
 #include <map>
 #include <sstream>
 #include <string>
@@ -16,6 +14,7 @@
 #include "cli/Command.h"
 
 #include "support/House.h"
+#include "support/StationFiles.h"
 
 namespace kestrava::cli {
 
@@ -42,7 +41,7 @@ class Terminal : public testing::House {
   Terminal() {
     for (const auto* name : {"groups.dat", "faves.dat", "amateur.txt", "stations.txt", "weather.txt", "visual.txt",
                              "geo.txt", "gps-ops.txt", "iridium.txt", "molniya.txt"}) {
-      Put(name, Shipped(name));
+      Put(name, testing::StationFile(name));
     }
     PutSettings("Latitude=51.5\nLongitude=0\nHASL=30\nLocation Name=London\n");
     clock.SetUtc(platform::DateParts{2026, 11, 15, 12, 0, 0});
@@ -52,12 +51,6 @@ class Terminal : public testing::House {
   }
 
   void PutSettings(const std::string& text) { files.Put("/config/settings.conf", text); }
-
-  static std::string Shipped(const std::string& name) {
-    std::ifstream file(KESTRAVA_SOURCE_DIR "data/sample/" + name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
 
   Answer Run(const std::vector<std::string>& arguments) {
     std::ostringstream out;

@@ -16,14 +16,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "support/StationFiles.h"
 #include "support/TempFolder.h"
 
 namespace kestrava::cli {
 namespace {
 
 namespace fs = std::filesystem;
-
-const fs::path kSample = KESTRAVA_SOURCE_DIR "data/sample";
 
 std::string Content(const fs::path& file) {
   std::ostringstream content;
@@ -58,7 +57,7 @@ class RealProgram : public ::testing::Test {
  protected:
   RealProgram() {
     fs::create_directories(home_ / "config/kestrava");
-    fs::copy(kSample, home_ / "data");
+    testing::CopyStationFiles(home_ / "data");
     std::ofstream(home_ / "config/kestrava/settings.conf")
         << "Latitude=51.5\nLongitude=0\nHASL=30\nLocation Name=London\n";
     std::ofstream(home_ / "config/kestrava/settings.lock") << "12345678";

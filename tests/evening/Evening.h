@@ -1,4 +1,4 @@
-// One evening at the station, from 18:00 local time of 15 November 2026 at 47.4 N 8.5 E, with the shipped sample data:
+// One evening at the station, from 18:00 local time of 15 November 2026 at 47.4 N 8.5 E, with the tests' station:
 // the windows are opened through the launcher's own controls, the satellites rise and set in simulated time, and the
 // user does now and then what a user does. What was said, and when, is the result. Times are seconds since 18:00.
 #pragma once

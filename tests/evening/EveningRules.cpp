@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <fstream>
-#include <iterator>
 
 #include "platform/Files.h"
+
+#include "support/StationFiles.h"
 
 namespace kestrava::evening {
 
@@ -45,11 +45,6 @@ std::string Whole(double degrees) {
   return std::to_string(static_cast<int>(std::floor(degrees)));
 }
 
-std::string Shipped(const char* name) {
-  std::ifstream file(std::string(KESTRAVA_SOURCE_DIR "data/sample/") + name, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// The map's slow tick, whatever its check mark says, and once its fast one: the next after the user has had the list
 /// shown while it was empty still. When that is depends on when the desktop told the map that it was active.
 std::vector<double> AlarmMoments(const EveningRecord& evening) {
@@ -71,7 +66,7 @@ std::vector<double> AlarmMoments(const EveningRecord& evening) {
 EveningRules::EveningRules() {
   for (const char* name : {"amateur.txt", "geo.txt", "gps-ops.txt", "iridium.txt", "molniya.txt", "stations.txt",
                            "visual.txt", "weather.txt"})
-    Put(name, Shipped(name));
+    Put(name, testing::StationFile(name));
   clock.SetUtc(platform::MakeSerial(kStartLocal) - kOffsetHours / 24);
   clock.SetOffsetHours(kOffsetHours);
   engine_.SetDataFolder(platform::AppDir);

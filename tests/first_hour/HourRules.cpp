@@ -2,21 +2,16 @@
 
 #include <algorithm>
 #include <cstdio>
-#include <fstream>
 #include <sstream>
 #include <utility>
+
+#include "support/StationFiles.h"
 
 namespace kestrava::first_hour {
 
 namespace {
 
 constexpr std::size_t kNameCharacters = 15;
-
-std::string Shipped(const char* name) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(std::string(KESTRAVA_SOURCE_DIR "data/sample/") + name, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 /// A name line of an element file as all lists show it: fifteen characters of it, without blanks behind.
 std::string NameOf(const std::string& line) {
@@ -70,8 +65,8 @@ std::string Number(const User& user, std::string number) {
 }
 
 Lines TenTicked() {
-  const Lines before = LinesOf(Shipped("faves.dat"));
-  const Lines weather = LinesOf(Shipped("weather.txt"));
+  const Lines before = LinesOf(testing::StationFile("faves.dat"));
+  const Lines weather = LinesOf(testing::StationFile("weather.txt"));
   Lines ten;
   for (std::size_t i = 0; i < weather.size() && ten.size() < 10; i += 3) {
     const std::string name = NameOf(weather[i]);
@@ -82,14 +77,14 @@ Lines TenTicked() {
 
 /// New favourites stand behind the old ones; the primary one changes places with the first.
 Lines ExpectedFaves() {
-  Lines faves = LinesOf(Shipped("faves.dat"));
+  Lines faves = LinesOf(testing::StationFile("faves.dat"));
   for (const std::string& name : TenTicked()) faves.push_back(name);
   std::iter_swap(faves.begin(), std::find(faves.begin(), faves.end(), "FORMOSAT-3 FM3"));
   return faves;
 }
 
 Lines ExpectedGroups() {
-  Lines groups = LinesOf(Shipped("groups.dat"));
+  Lines groups = LinesOf(testing::StationFile("groups.dat"));
   groups.emplace_back("Search and Rescue,celestrak.org/NORAD/elements/sarsat.txt,0");
   groups.emplace_back(std::string("My own,") + kHandMadeFile + ",1");
   return groups;
@@ -98,7 +93,7 @@ Lines ExpectedGroups() {
 /// Longitude before latitude, west positive. The first place lost its role to the second and stands in its row; the
 /// city's seconds are cut off, as those of every place that is taken from the page of parts.
 Lines ExpectedLocations(const User& user) {
-  Lines places = LinesOf(Shipped("Locations.dat"));
+  Lines places = LinesOf(testing::StationFile("Locations.dat"));
   places[1][0] = '0';  // taken off the map
   places.push_back(std::string("1") + kFirstPlaceName + ";" + EastDegreesOf(Seconds(8, 32, 30)) + ";" +
                    DegreesOf(Seconds(47, 22, 40)) + ";408");

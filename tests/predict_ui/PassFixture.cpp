@@ -3,10 +3,6 @@
 #include <QCalendarWidget>
 #include <QLineEdit>
 #include <QTest>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
 
 #include "orbit/OrbitEngine.h"
 #include "orbit/Satcalc.h"
@@ -18,33 +14,15 @@
 #include "store/Favourites.h"
 #include "store/Groups.h"
 
+#include "support/StationFiles.h"
+
 namespace kestrava::predict::ui {
-
-namespace {
-
-std::string ContentOf(const std::filesystem::path& file) {
-  std::ostringstream all;
-  all << std::ifstream(file, std::ios::binary).rdbuf();
-  return all.str();
-}
-
-const std::map<std::string, std::string>& Sample() {
-  static const std::map<std::string, std::string> sample = [] {
-    std::map<std::string, std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample")) {
-      const std::string ending = entry.path().extension().string();
-      if (ending != ".jpg") all[entry.path().filename().string()] = ContentOf(entry.path());
-    }
-    return all;
-  }();
-  return sample;
-}
-
-}  // namespace
 
 PassFixture::PassFixture() {
   clock.SetUtc({2026, 11, 15, 18, 20, 0});
-  for (const auto& [name, content] : Sample()) Put(name, content);
+  for (const auto& [name, content] : testing::StationFiles()) {
+    if (!name.ends_with(".jpg")) Put(name, content);
+  }
   files.MakeFolder("/documents");
   settings.Set("Latitude", "51.4779");
   settings.Set("Longitude", "0.0015");

@@ -1,9 +1,6 @@
 #include "robot/RobotStation.h"
 
 #include <QCoreApplication>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <utility>
 
 #include "orbit/OrbitEngine.h"
@@ -13,18 +10,13 @@
 #include "shell/ui/SplashWindow.h"
 
 #include "RegisterWindows.h"
+#include "support/StationFiles.h"
 
 namespace kestrava::robot {
 
 namespace {
 
 constexpr const char* kDataFolder = "/house/";
-
-std::string BytesOf(const std::filesystem::path& file) {
-  std::ostringstream bytes;
-  bytes << std::ifstream(file, std::ios::binary).rdbuf();
-  return bytes.str();
-}
 
 shell::LauncherSetup Setup(RobotStation::SpeechMaker makeSpeech) {
   shell::LauncherSetup setup;
@@ -61,8 +53,7 @@ std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::s
 }
 
 RobotStation::RobotStation(SpeechMaker makeSpeech) {
-  for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
-    house_.Put(entry.path().filename().string(), BytesOf(entry.path()));
+  for (const auto& [name, content] : testing::StationFiles()) house_.Put(name, content);
   house_.Put("pass.dat",
              "Two days\r\nISS (ZARYA);\r\nNOAA 19;\r\n2\r\n0\r\n0\r\n"
              "Kept and printed\r\nHST;\r\n1\r\n1\r\n1\r\n");

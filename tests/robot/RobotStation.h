@@ -1,5 +1,5 @@
-// A whole station for the robot: every window of the program over scripted doors, the sample data in memory, and a
-// simulated clock. Messages are answered at random and remembered; faults are remembered.
+// A whole station for the robot: every window of the program over scripted doors, the files of the tests' station in
+// memory, and a simulated clock. Messages are answered at random and remembered; faults are remembered.
 #pragma once
 
 #include <functional>

@@ -4,10 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QMouseEvent>
-#include <filesystem>
-#include <fstream>
-#include <map>
-#include <sstream>
 
 #include "orbit/OrbitEngine.h"
 #include "orbit/Satcalc.h"
@@ -16,6 +12,8 @@
 #include "store/Favourites.h"
 #include "store/Locations.h"
 #include "views2d/MapGeometry.h"
+
+#include "support/StationFiles.h"
 
 // What the toolkit's own tests send a key with: shortcuts are looked for first.
 QT_BEGIN_NAMESPACE
@@ -26,26 +24,9 @@ QT_END_NAMESPACE
 
 namespace kestrava::views2d::ui {
 
-namespace {
-
-std::string ContentOf(const std::filesystem::path& file) {
-  std::ifstream stream(file, std::ios::binary);
-  std::ostringstream all;
-  all << stream.rdbuf();
-  return all.str();
-}
-
-}  // namespace
-
 MapFixture::MapFixture() {
   clock.SetUtc({2026, 11, 15, 18, 20, 0});
-  static const std::map<std::string, std::string> sample = [] {
-    std::map<std::string, std::string> all;
-    for (const auto& entry : std::filesystem::directory_iterator(KESTRAVA_SOURCE_DIR "data/sample"))
-      all[entry.path().filename().string()] = ContentOf(entry.path());
-    return all;
-  }();
-  for (const auto& [name, content] : sample) Put(name, content);
+  for (const auto& [name, content] : testing::StationFiles()) Put(name, content);
   settings.Set("Latitude", "51.4779");
   settings.Set("Longitude", "0.0015");
   settings.Set("Skin", "1");
