@@ -25,13 +25,14 @@ constexpr std::string_view kUnloadTrap = "mainCON - Unload";
 constexpr std::string_view kSpeechTrap = "mainCON - CHspeechpack";
 constexpr int kMostMinutes = 60;
 
-constexpr std::array<CheckRow, 7> kChecks{{{"CHdde", "Rotor/Radio Tracking DDE Auto Start up", "DDEstartup", "0"},
-                                           {"CHautoSelect", "Auto Select Satellite in Range", "AutoSelect", "0"},
-                                           {"CHmiles", "Display Miles instead of Kilometres", "Miles", "0"},
-                                           {"CHskin", "Kestrava \"Skinning\" Effect", "Skin", "1"},
-                                           {"CHrecwxsat", "Record Weather Satellite Passes", "RecWxsat", "0"},
-                                           {"CHrecPrimary", "Record Primary Satellite Passes", "RecPrimary", "0"},
-                                           {"CHspeechpack", "Speech On", "Speechpack", "0"}}};
+constexpr std::array<CheckRow, 7> kChecks{
+    {{"CHdde", "Rotor/Radio Tracking DDE Auto Start up", "DDEstartup", "0", kTrackingWindow},
+     {"CHautoSelect", "Auto Select Satellite in Range", "AutoSelect", "0"},
+     {"CHmiles", "Display Miles instead of Kilometres", "Miles", "0"},
+     {"CHskin", "Kestrava \"Skinning\" Effect", "Skin", "1"},
+     {"CHrecwxsat", "Record Weather Satellite Passes", "RecWxsat", "0", kRecordingWindow},
+     {"CHrecPrimary", "Record Primary Satellite Passes", "RecPrimary", "0", kRecordingWindow},
+     {"CHspeechpack", "Speech On", "Speechpack", "0"}}};
 
 constexpr std::array<SliderRow, 2> kSliders{
     {{"SLspeechspeed", "LAspeechspeed", "Speed of Speech (in words per minute)", "SpeechSpeed", "180", 80, 250, 1, 10,

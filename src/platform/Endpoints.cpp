@@ -24,6 +24,11 @@ std::string Escaped(std::string_view text, std::string_view forBlank) {
 
 }  // namespace
 
+std::string HelpAddress(std::string_view server) {
+  if (server.empty()) return {};
+  return "https://" + std::string(server) + std::string(kHelpPath);
+}
+
 std::string MailAddress(std::string_view subject, std::string_view maker) {
   if (maker.empty()) return {};
   return "mailto:" + std::string(maker) + "?subject=" + Escaped(subject, "%20");

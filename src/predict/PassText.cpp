@@ -45,7 +45,7 @@ int MonthOf(std::string_view abbreviation) {
 
 std::string Credit(std::string_view beginning) {
   return std::string(beginning) + ", the satellite tracking station of the Kestrava Makers, https://" +
-         std::string(platform::endpoints::kMakerServer);
+         std::string(platform::endpoints::kMakerSite);
 }
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Endpoints.h"
 #include "platform/Files.h"
+#include "platform/Opening.h"
 
 namespace kestrava::shell {
 
@@ -17,6 +18,7 @@ constexpr std::array kMenus{
 };
 
 constexpr std::string_view kViewerName = "frmViewer";
+constexpr std::string_view kHelpFile = "faq.html";
 
 using enum EntryAction;
 
@@ -80,9 +82,20 @@ bool IsUsable(const MenuEntry& entry, const platform::Windows& windows) {
   return entry.window.empty() || windows.Knows(entry.window);
 }
 
+bool OpensWindow(const LauncherButton& button) {
+  return button.action == ButtonAction::kShow || button.action == ButtonAction::kShowNew;
+}
+
 bool IsUsable(const LauncherButton& button, const platform::Windows& windows) {
-  const bool opensWindow = button.action == ButtonAction::kShow || button.action == ButtonAction::kShowNew;
-  return !opensWindow || windows.Knows(button.target);
+  return !OpensWindow(button) || windows.Knows(button.target);
+}
+
+void OpenOnlineHelp(std::string_view address) {
+  if (address.empty()) {
+    OpenDocument(kHelpFile);
+  } else {
+    platform::OpenOrSay(address);
+  }
 }
 
 std::string_view WorldTag() {
@@ -103,10 +116,10 @@ void RunMenuEntry(const MenuEntry& entry) {
       windows.ShowNew(entry.window, entry.tag);
       break;
     case kBuiltInHelp:
-      OpenDocument("faq.html");
+      OpenDocument(kHelpFile);
       break;
     case kOnlineHelp:
-      platform::TheOpener().Open(platform::endpoints::HelpAddress());
+      OpenOnlineHelp(platform::endpoints::HelpAddress());
       break;
     case kHistory:
       OpenDocument("history.txt");

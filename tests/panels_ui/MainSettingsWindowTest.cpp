@@ -121,6 +121,31 @@ TEST_F(MainSettingsWindowTest, EachTickIsStoredAtOnceByClickAndByKey) {
   }
 }
 
+class WithoutDevices : public SettingsFixture {
+ protected:
+  WithoutDevices() : SettingsFixture(false) {}
+};
+
+TEST_F(WithoutDevices, SettingsOfRecorderAndRotorAreGreyedAndSayWhy) {
+  QWidget& window = OpenMain();
+  for (const char* name : {"CHdde", "CHrecwxsat", "CHrecPrimary", "BUTwxWavDir"}) {
+    const auto& control = Child<QWidget>(window, name);
+    EXPECT_FALSE(control.isEnabled()) << name;
+    EXPECT_EQ(control.toolTip(), "comes with a later version") << name;
+    EXPECT_EQ(control.accessibleDescription(), "comes with a later version") << name;
+  }
+  EXPECT_FALSE(Child<QLineEdit>(window, "LAWxWavDir").isEnabled());
+  Click(window, "CHrecwxsat");
+  EXPECT_EQ(settings.Get("RecWxsat"), "0");
+}
+
+TEST_F(WithoutDevices, AllOtherSettingsStayAndTheLeastElevationSaysThatPassListsObeyIt) {
+  QWidget& window = OpenMain();
+  for (const char* name : {"CHautoSelect", "CHmiles", "CHskin", "CHspeechpack", "SLspeechspeed", "SLminEl"})
+    EXPECT_TRUE(Child<QWidget>(window, name).isEnabled()) << name;
+  EXPECT_NE(Child<QWidget>(window, "SLminEl").parentWidget()->toolTip().indexOf("pass lists"), -1);
+}
+
 TEST_F(MainSettingsWindowTest, TheClocksAreStoredByTheirIndexByClickAndByArrows) {
   QWidget& window = OpenMain();
   for (const int index : {2, 0}) {

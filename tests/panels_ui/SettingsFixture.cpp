@@ -20,8 +20,12 @@ constexpr int kNotch = 120;
 
 }  // namespace
 
-SettingsFixture::SettingsFixture() {
+SettingsFixture::SettingsFixture(bool devices) {
   platform::qt::ApplyTheme(true);
+  if (devices) {
+    for (const std::string_view name : {kTrackingWindow, kRecordingWindow})
+      windows->Register(name, [] { return MakeMainSettingsWindow(); });  // asked for by name alone
+  }
   windows->Register(kMainSettingsWindow, [] { return MakeMainSettingsWindow(); });
   windows->Register(kSettings2DWindow, [] { return MakeSettings2DWindow(); });
 }

@@ -17,7 +17,8 @@ namespace kestrava::panels::ui {
 
 class SettingsFixture : public testing::House {
  protected:
-  SettingsFixture();
+  /// @param devices  recorder and rotor window are registered, as their settings need them
+  explicit SettingsFixture(bool devices = true);
   ~SettingsFixture() override;
 
   /// Shows a panel through the registry.

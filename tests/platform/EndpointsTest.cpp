@@ -20,6 +20,12 @@ TEST(Endpoints, WhatMeansSomethingInAnAddressIsEscapedInASearch) {
   EXPECT_EQ(SearchAddress("\xC3\xA9"), std::string(kSearchStart) + "%C3%A9");
 }
 
+TEST(Endpoints, WhileTheMakerHasNoServerThereIsNoHelpPageOfHis) {
+  ASSERT_TRUE(kMakerServer.empty());
+  EXPECT_EQ(HelpAddress(), "");
+  EXPECT_EQ(HelpAddress("maker.example"), "https://maker.example/faq.html");
+}
+
 TEST(Endpoints, WhileTheMakerHasNoAddressThereIsNoLetterToHim) {
   ASSERT_TRUE(kMakerMail.empty());
   EXPECT_EQ(MailAddress("Satellite Info Request for AO-07"), "");

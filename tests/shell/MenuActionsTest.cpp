@@ -107,10 +107,21 @@ TEST_F(MenuActions, HelpGoesToTheViewerWhereTheMachineHasNoProgramForIt) {
   EXPECT_EQ(LoadedTags(), Strings{"frmViewer /house/history.txt"});
 }
 
-TEST_F(MenuActions, OnlineHelpOpensTheMakersPage) {
+TEST_F(MenuActions, OnlineHelpIsTheShippedPageWhileTheMakerHasNoServer) {
+  ASSERT_EQ(platform::endpoints::HelpAddress(), "");
   RunMenuEntry(Entry("mnuFAQ"));
-  EXPECT_EQ(opener.opened, Strings{platform::endpoints::HelpAddress()});
-  EXPECT_TRUE(opener.opened[0].ends_with("/faq.html"));
+  EXPECT_EQ(opener.opened, Strings{"/house/faq.html"});
+}
+
+TEST_F(MenuActions, OnlineHelpOpensTheMakersPageOnceThereIsOne) {
+  OpenOnlineHelp(platform::endpoints::HelpAddress("maker.example"));
+  EXPECT_EQ(opener.opened, Strings{"https://maker.example/faq.html"});
+}
+
+TEST_F(MenuActions, AnAddressThatCouldNotBeOpenedIsSaid) {
+  opener.canOpen = false;
+  messages.ExpectMessage("could not be opened: https://maker.example/faq.html");
+  OpenOnlineHelp("https://maker.example/faq.html");
 }
 
 TEST_F(MenuActions, TheGraphicsDiagnosticShowsThatPageOfTheSystemInformation) {

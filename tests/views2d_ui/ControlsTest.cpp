@@ -224,6 +224,7 @@ TEST_F(MapControls, AWholeNameStandsInTheEtaList) {
 
 TEST_F(MapControls, CheckMarksFlipOnceForEachClick) {
   settings.Set("Speechpack", "1");
+  windows->Register("Record", [] { return MakeWorldView(); });
   QWidget& map = Open();
   const std::pair<const char*, const char*> marks[] = {
       {"mnuAutoSelect", "AutoSelect"}, {"MrecordONoff", "RecWxsat"}, {"MrecordONoffP", "RecPrimary"}};
@@ -245,6 +246,18 @@ TEST_F(MapControls, TheControlPanelsEntryIsDisabledUntilThereIsOne) {
   EXPECT_FALSE(Entry(Open(), "mnu2Dcontrols").isEnabled());
   windows->Register("frmCON2D", [] { return MakeWorldView(); });
   EXPECT_TRUE(Entry(OpenAnother("NEQ"), "mnu2Dcontrols").isEnabled());
+}
+
+TEST_F(MapControls, RecordingIsGreyedUntilThereIsARecorderAndSaysWhy) {
+  for (const char* name : {"MrecordONoff", "MrecordONoffP"}) {
+    QAction& entry = Entry(Open(), name);
+    EXPECT_FALSE(entry.isEnabled()) << name;
+    EXPECT_EQ(entry.toolTip(), "comes with a later version") << name;
+  }
+  EXPECT_TRUE(Child<QMenu>(Open(), "M2").toolTipsVisible());
+  windows->Register("Record", [] { return MakeWorldView(); });
+  for (const char* name : {"MrecordONoff", "MrecordONoffP"})
+    EXPECT_TRUE(Entry(OpenAnother("NEQ"), name).isEnabled()) << name;
 }
 
 TEST_F(MapControls, NoTwoEntriesShareAKeyAndNoTwoOfAMenuALetter) {

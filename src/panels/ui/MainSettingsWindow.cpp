@@ -13,6 +13,7 @@
 #include "platform/Fault.h"
 #include "platform/Messages.h"
 #include "platform/qt/Forms.h"
+#include "platform/qt/LaterWindows.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 #include "station/Hub.h"
@@ -131,9 +132,12 @@ QGroupBox* MainSettingsWindow::BuildRecording(QWidget* page) {
   AddCheck(grid, MainCheck::kRecWxsat, "Weather");
   AddCheck(grid, MainCheck::kRecPrimary, "rimary");
   AddSlider(grid, MainSlider::kMinEl, "inimum");
+  sliders_[PlaceOf(MainSlider::kMinEl)]->setToolTip(tr("Passes that stay lower are left out of the pass lists, too"));
   wavFolder_ = Named(new PathField(section), "LAWxWavDir");
   browse_ =
       platform::qt::MakeButton("BUTwxWavDir", tr("&Browse"), tr("Chooses the folder for the recordings"), section);
+  for (QWidget* control : {static_cast<QWidget*>(wavFolder_), static_cast<QWidget*>(browse_)})
+    platform::qt::EnableByWindow(*control, kRecordingWindow);
   const int row = grid.rowCount();
   grid.addWidget(platform::qt::LabelFor(wavFolder_, tr("Pa&th to save Recorded WAVs"), section), row, 0);
   auto* line = new QHBoxLayout;

@@ -8,6 +8,7 @@
 #include <algorithm>
 
 #include "platform/qt/Forms.h"
+#include "platform/qt/LaterWindows.h"
 #include "platform/qt/Widgets.h"
 
 #include "PanelWidgets.h"
@@ -119,6 +120,7 @@ void AddFieldWithUnit(QGridLayout& grid, const QString& label, QWidget* field, c
 
 TickBox* AddTickBox(QGridLayout& grid, const CheckRow& row, std::string_view at) {
   auto* box = new TickBox(ToQt(row.objectName), WithMnemonic(row.caption, at), grid.parentWidget());
+  if (!row.window.empty()) platform::qt::EnableByWindow(*box, row.window);
   AddLine(grid, box);
   return box;
 }

@@ -5,6 +5,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/Opening.h"
 #include "platform/Text.h"
 #include "platform/qt/Widgets.h"
 
@@ -23,7 +24,7 @@ TextViewer::TextViewer() : StationWindow(kName) {
     if (link.scheme().isEmpty()) {
       text_->scrollToAnchor(link.fragment());
     } else {
-      TheOpener().Open(FromQt(link.toString()));
+      OpenOrSay(FromQt(link.toString()));
     }
   });
   layout->addWidget(text_);

@@ -6,6 +6,7 @@
 #include "platform/Doors.h"
 #include "platform/Messages.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/LaterWindows.h"
 #include "platform/qt/Widgets.h"
 #include "shell/Menus.h"
 #include "shell/ui/LauncherWindow.h"
@@ -45,7 +46,7 @@ void MenuWindow::BuildMenus() {
 void MenuWindow::RefreshEntries(QMenu& menu) {
   for (const MenuEntry& entry : MenuEntries()) {
     if (auto* action = menu.findChild<QAction*>(ToQt(entry.objectName))) {
-      action->setEnabled(IsUsable(entry, platform::TheWindows()));
+      if (!entry.window.empty()) platform::qt::EnableByWindow(*action, entry.window);
     }
   }
 }

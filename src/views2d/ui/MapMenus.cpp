@@ -2,8 +2,8 @@
 
 #include <array>
 
-#include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/qt/LaterWindows.h"
 #include "platform/qt/Widgets.h"
 
 #include "MenuEntries.h"
@@ -20,9 +20,9 @@ constexpr MapMenuRow kSeparator{nullptr, nullptr, nullptr, nullptr, nullptr, kNo
 
 constexpr auto kOptions = std::to_array<MapMenuRow>({
     {"MrecordONoffP", "Record Primary Satellite", "Ctrl+Shift+P", &MapWindow::ToggleRecordPrimary, nullptr,
-     Mark(MapMark::kRecordPrimary), nullptr},
+     Mark(MapMark::kRecordPrimary), "Record"},
     {"MrecordONoff", "Record Weather Satellite Passes", "Ctrl+Shift+W", &MapWindow::ToggleRecordWeather, nullptr,
-     Mark(MapMark::kRecordWeather), nullptr},
+     Mark(MapMark::kRecordWeather), "Record"},
     {"MspeechONoff", "Speech", "Ctrl+Shift+S", &MapWindow::ToggleSpeech, nullptr, Mark(MapMark::kSpeech), nullptr},
     {"mnuAutoSelect", "Auto Select Satellite in range", "Ctrl+Shift+A", &MapWindow::ToggleAutoSelect, nullptr,
      Mark(MapMark::kAutoSelect), nullptr},
@@ -89,7 +89,7 @@ void MapMenus::AddEntry(QMenu& menu, const MapMenuRow& row) {
   QAction* entry = AddMenuEntry(menu, row.objectName, row.text, row.key, kind, [this, row] {
     row.action ? (window_.*row.action)() : window_.ChangeToRegion(row.region);
   });
-  if (row.needsWindow) entry->setEnabled(platform::TheWindows().Knows(row.needsWindow));
+  if (row.needsWindow) platform::qt::EnableByWindow(*entry, row.needsWindow);
   if (row.mark != kNoMark) marked_[static_cast<std::size_t>(row.mark)] = entry;
 }
 

@@ -15,6 +15,9 @@ namespace kestrava::panels {
 
 inline constexpr std::string_view kMainSettingsWindow = "frmCONmain";  ///< its name in the registry
 inline constexpr std::string_view kMainSettingsCaption = "Kestrava Main Settings";
+/// The windows that settings of this panel act through.
+inline constexpr std::string_view kTrackingWindow = "frmTracker";
+inline constexpr std::string_view kRecordingWindow = "Record";
 inline constexpr std::string_view kFolderPrompt = "Select a Folder then Click SAVE >>>>";
 
 /// Rows of MainChecks and MainSliders, in their order.

@@ -14,6 +14,7 @@ struct CheckRow {
   std::string_view caption;
   std::string_view setting;
   std::string_view defaultValue;
+  std::string_view window = {};  ///< that it acts through; greyed while there is none
 };
 
 struct SliderRow {

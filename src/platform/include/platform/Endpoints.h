@@ -16,9 +16,12 @@ inline constexpr std::string_view kElementPath = "/NORAD/elements/";
 inline constexpr std::string_view kMakerMail = "";
 inline constexpr std::string_view kSearchStart = "https://duckduckgo.com/?q=";
 
-/// The maker's server: help page and satellite database. A name that is reserved for such use until there is one, so
-/// that no stranger's machine is ever asked.
-inline constexpr std::string_view kMakerServer = "kestrava.example";
+/// The maker's server: help page and satellite database. Empty until there is one: then nothing that needs it is
+/// opened or asked.
+inline constexpr std::string_view kMakerServer = "";
+/// The site that credit lines name. A name that is reserved for such use until there is one, so that no stranger's
+/// machine is ever meant.
+inline constexpr std::string_view kMakerSite = "kestrava.example";
 inline constexpr std::string_view kHelpPath = "/faq.html";
 inline constexpr std::string_view kDatabasePath = "/kestrava.dat";
 
@@ -26,10 +29,8 @@ inline constexpr std::string_view kDatabasePath = "/kestrava.dat";
 inline constexpr std::string_view kTimeServer = "time.nist.gov";
 inline constexpr std::uint16_t kTimePort = 13;
 
-/// The help page on the Internet, as a browser wants it.
-inline std::string HelpAddress() {
-  return "https://" + std::string(kMakerServer) + std::string(kHelpPath);
-}
+/// The help page on the Internet, as a browser wants it; empty while the maker has no server.
+std::string HelpAddress(std::string_view server = kMakerServer);
 
 /// The address of an element file as groups.dat has it, without a scheme.
 inline std::string ElementAddress(std::string_view file) {

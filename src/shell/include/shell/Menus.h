@@ -59,10 +59,15 @@ ButtonPlace PlaceOfButton(int row);
 /// Can it be used: is its window registered? A menu can always be popped up, its entries tell for themselves.
 bool IsUsable(const MenuEntry& entry, const platform::Windows& windows);
 bool IsUsable(const LauncherButton& button, const platform::Windows& windows);
+/// Its target is a window, not a menu.
+bool OpensWindow(const LauncherButton& button);
 
 /// Does what an entry says. A help text goes to the machine's program for it, or else to a viewer of our own.
 /// @throws platform::Fault if its window is not registered or cannot be made
 void RunMenuEntry(const MenuEntry& entry);
+
+/// The help page on the Internet; the shipped one while there is none. What could not be opened is said.
+void OpenOnlineHelp(std::string_view address);
 
 /// The mode tag of the world map that the menu opens.
 std::string_view WorldTag();
