@@ -5,6 +5,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <optional>
 
 #include "orbit/OrbitEngine.h"
 #include "platform/Doors.h"
@@ -93,18 +94,17 @@ std::optional<store::ZonePlace> PlaceOfTheMachine() {
   return store::ZonePlace{place->zone, place->latitudeDeg, place->longitudeEastDeg};
 }
 
-/// Fills a new folder. @return false if it could not, which has been said
-bool PrepareFolder(const fs::path& shipped, const std::string& folder) {
+/// Fills a new folder. @return true if it was new, nothing if it could not be filled, which has been said
+std::optional<bool> PrepareFolder(const fs::path& shipped, const std::string& folder) {
   try {
     platform::PosixFolders folders;
-    store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine(), folders);
-    return true;
+    return store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine(), folders);
   } catch (const platform::Fault& fault) {
     shell::ReportFatal(
         {fault.what(), "The data folder could not be filled: " + folder,
          "See that it can be written and that the disk has room, or name another folder with --data.", ""},
         nullptr);
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -148,8 +148,10 @@ int Run(const CommandLine& commandLine) {
   const std::string folder = FindDataFolder(commandLine);
   platform::RemoveUnfinished(machine.settingsFolder);
   platform::RemoveUnfinished(folder);
-  if (!PrepareFolder(shipped.Folder(), folder)) return shell::kFatalExitCode;
-  const shell::LauncherSetup setup = SetupOf(machine, folder, shipped);
+  const std::optional<bool> firstStart = PrepareFolder(shipped.Folder(), folder);
+  if (!firstStart) return shell::kFatalExitCode;
+  shell::LauncherSetup setup = SetupOf(machine, folder, shipped);
+  setup.firstStart = *firstStart;
   const auto names = RegisterWindows(*machine.windows, setup, {setup.settingsFile, shipped.Folder().string()});
   std::unique_ptr<Tour> tour;
   if (!commandLine.tourFolder.empty()) tour = std::make_unique<Tour>(commandLine.tourFolder, names);

@@ -5,6 +5,7 @@
 
 #include "platform/Fault.h"
 #include "store/FirstStart.h"
+#include "store/ShippedElements.h"
 
 namespace kestrava::app {
 
@@ -25,6 +26,10 @@ bool ShippedData::Has(const std::string& name) const {
 
 void ShippedData::PutBack(const std::string& name) {
   if (!store::PutBack(folder_, name)) throw platform::Fault::FileNotFound();
+}
+
+bool ShippedData::AreElements(const std::string& name) const {
+  return !folder_.empty() && store::HoldsShippedElements(folder_, name);
 }
 
 }  // namespace kestrava::app

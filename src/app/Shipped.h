@@ -17,6 +17,7 @@ class ShippedData : public shell::ShippedFiles {
   const std::filesystem::path& Folder() const { return folder_; }
   bool Has(const std::string& name) const override;
   void PutBack(const std::string& name) override;
+  bool AreElements(const std::string& name) const override;
 
  private:
   std::filesystem::path folder_;

@@ -9,6 +9,7 @@
 #include "platform/FaultLog.h"
 #include "platform/Files.h"
 #include "platform/Format.h"
+#include "platform/Opening.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "platform/Version.h"
@@ -166,6 +167,7 @@ void Launcher::Greet() {
 
 void Launcher::Activate() {
   ShowElementAge();
+  ShowDemonstration();
   if (!ownEngine_) {
     view_.UnloadSelf();
     return;
@@ -193,6 +195,18 @@ void Launcher::ShowElementAge() {
   if (const auto text = KepAgeText(ElementAgeDays(orbit::NowLocal(), date))) {
     view_.SetLabel(LauncherLabel::kKepAge, *text);
   }
+}
+
+/// As long as nothing has come in their place. A file that cannot be read is told of by others.
+void Launcher::ShowDemonstration() {
+  bool shown = false;
+  try {
+    shown = setup_.shipped &&
+            setup_.shipped->AreElements(std::string(platform::FileNameOfAddress(tables_.GroupList[1].Address)));
+  } catch (const platform::Fault&) {
+    shown = false;
+  }
+  view_.ShowDemonstration(shown);
 }
 
 /// The observer goes to the window's own engine first and is read back from it: the one road by which a change of place
@@ -272,7 +286,7 @@ void Launcher::Timer1Tick() {
 }
 
 void Launcher::CustomiseClick() {
-  platform::TheOpener().Open(customTarget_);
+  platform::OpenOrSay(customTarget_);
 }
 
 void Launcher::QueryUnload() {

@@ -13,6 +13,8 @@
 #include "platform/Format.h"
 #include "platform/Text.h"
 
+#include "FirstFavourites.h"
+
 namespace kestrava::store {
 
 namespace fs = std::filesystem;
@@ -41,18 +43,31 @@ void DateByElements(const fs::path& file) {
   platform::TheFiles().SetModifiedUtc(file, newest);
 }
 
-void CopyShipped(const fs::path& shipped, const fs::path& folder, const std::string& name) {
-  platform::TheFiles().Copy(shipped / name, folder / name);
-  DateByElements(folder / name);
-}
+/// What a new folder is filled with.
+struct Seeds {
+  fs::path shipped;
+  std::vector<std::string> names;         ///< the file by which a folder is known as a whole one at the end
+  std::optional<std::string> favourites;  ///< in place of the shipped ones
+};
 
-/// What is shipped, the file by which a folder is known as a whole one at the end.
-std::vector<std::string> ShippedNames(const fs::path& shipped) {
+Seeds SeedsFor(const fs::path& shipped, const std::optional<orbit::Observer>& observer) {
   std::vector<std::string> names = platform::TheFiles().List(shipped);
   const auto mark = std::find(names.begin(), names.end(), kMarkOfAFolder);
   if (mark == names.end()) throw platform::Fault::FileNotFound();
   std::rotate(mark, mark + 1, names.end());
-  return names;
+  Seeds seeds{shipped, std::move(names), std::nullopt};
+  if (observer && platform::FileExists(shipped / kFavouritesFile))
+    seeds.favourites = FavouritesThatRise(shipped, *observer);
+  return seeds;
+}
+
+void Sow(const Seeds& seeds, const std::string& name, const fs::path& folder) {
+  if (name == kFavouritesFile && seeds.favourites) {
+    platform::TheFiles().Replace(folder / name, *seeds.favourites);
+  } else {
+    platform::TheFiles().Copy(seeds.shipped / name, folder / name);
+    DateByElements(folder / name);
+  }
 }
 
 /// A name that no other first start has: the target's, with a number behind it.
@@ -111,12 +126,11 @@ void RemoveAbandoned(const fs::path& target, platform::Folders& folders) {
   }
 }
 
-void FillBesideAndRename(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names,
-                         platform::Folders& folders) {
+void FillBesideAndRename(const Seeds& seeds, const fs::path& target, platform::Folders& folders) {
   platform::TheFiles().MakeFolder(target.parent_path());
   const OwnFolder beside = MakeOwnFolder(target, folders);
   try {
-    for (const std::string& name : names) CopyShipped(shipped, beside.path, name);
+    for (const std::string& name : seeds.names) Sow(seeds, name, beside.path);
     platform::TheFiles().Rename(beside.path, target);
   } catch (const platform::Fault&) {
     RemoveQuietly(beside.path, folders);  // a disk that is full stays full otherwise
@@ -134,14 +148,13 @@ std::unique_ptr<platform::FolderHold> HoldWherePossible(const fs::path& target, 
 
 /// For an empty folder that cannot be renamed over: the root of a stick, or a link to a folder elsewhere. One start at
 /// a time; the next one finds it filled.
-void FillInPlace(const fs::path& shipped, const fs::path& target, const std::vector<std::string>& names,
-                 platform::Folders& folders) {
+void FillInPlace(const Seeds& seeds, const fs::path& target, platform::Folders& folders) {
   const auto hold = HoldWherePossible(target, folders);
   if (!IsNewFolder(target)) return;
   try {
-    for (const std::string& name : names) CopyShipped(shipped, target, name);
+    for (const std::string& name : seeds.names) Sow(seeds, name, target);
   } catch (const platform::Fault&) {
-    for (const std::string& name : names) {
+    for (const std::string& name : seeds.names) {
       if (platform::FileExists(target / name)) platform::TheFiles().Remove(target / name);
     }
     throw;
@@ -172,14 +185,15 @@ bool IsNewFolder(const fs::path& folder) {
   return platform::TheFiles().FolderIsEmpty(Bare(folder));
 }
 
-void SeedFolder(const fs::path& shipped, const fs::path& folder, platform::Folders& folders) {
-  const std::vector<std::string> names = ShippedNames(shipped);
+void SeedFolder(const fs::path& shipped, const fs::path& folder, platform::Folders& folders,
+                const std::optional<orbit::Observer>& observer) {
+  const Seeds seeds = SeedsFor(shipped, observer);
   const fs::path target = Bare(folder);
   try {
-    FillBesideAndRename(shipped, target, names, folders);
+    FillBesideAndRename(seeds, target, folders);
   } catch (const platform::Fault&) {
     if (!platform::TheFiles().FolderExists(target)) throw;
-    if (IsNewFolder(target)) FillInPlace(shipped, target, names, folders);
+    if (IsNewFolder(target)) FillInPlace(seeds, target, folders);
     // Otherwise another copy has filled it meanwhile: that one is taken as it is.
   }
 }
@@ -198,7 +212,7 @@ bool PrepareFirstStart(const fs::path& shipped, const fs::path& folder, const st
                        platform::Folders& folders) {
   RemoveAbandoned(Bare(folder), folders);
   if (!IsNewFolder(folder)) return false;
-  SeedFolder(shipped, folder, folders);
+  SeedFolder(shipped, folder, folders, FirstObserver(place));
   if (place) WriteFirstLocation(*place);
   return true;
 }

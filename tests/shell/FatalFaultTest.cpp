@@ -15,6 +15,7 @@ class FakeShipped : public ShippedFiles {
     if (broken) throw platform::Fault::DiskFull();
     putBack.push_back(name);
   }
+  bool AreElements(const std::string&) const override { return false; }
   bool broken = false;
   std::vector<std::string> putBack;
 };

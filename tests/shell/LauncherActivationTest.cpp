@@ -12,6 +12,11 @@ using Strings = std::vector<std::string>;
 
 class LauncherActivation : public LauncherRig {
  protected:
+  LauncherSetup SetupWithShipped() {
+    LauncherSetup setup = NewSetup();
+    setup.shipped = &shipped;
+    return setup;
+  }
   /// A launcher that has been loaded, with the element file of the first group dated so.
   Launcher& Loaded(const platform::DateParts& fileDate = {2024, 5, 30, 12, 0, 0}) {
     files.SetModifiedUtc("/house/amateur.txt", MakeSerial(fileDate));
@@ -19,10 +24,26 @@ class LauncherActivation : public LauncherRig {
     TakeFaults();
     return launcher_;
   }
+  FakeShipped shipped;
 
  private:
-  Launcher launcher_{view, tables, NewSetup()};
+  Launcher launcher_{view, tables, SetupWithShipped()};
 };
+
+TEST_F(LauncherActivation, SaysThatTheElementsAreForDemonstrationWhileTheFirstGroupsAreTheShippedOnes) {
+  Launcher& launcher = Loaded();
+  launcher.Activate();
+  EXPECT_TRUE(view.demonstration);
+  shipped.elements = "weather.txt";  // another group's are no reason
+  launcher.Activate();
+  EXPECT_FALSE(view.demonstration);
+}
+
+TEST_F(LauncherActivation, ShippedFilesThatCannotBeReadDoNotEndTheRun) {
+  shipped.broken = true;
+  Loaded().Activate();
+  EXPECT_FALSE(view.demonstration);
+}
 
 TEST_F(LauncherActivation, TellsTheAgeOfTheFirstGroupsElements) {
   Loaded({2024, 5, 29, 12, 0, 0}).Activate();

@@ -85,6 +85,14 @@ TEST_F(LauncherLoad, TheLinkIsTrimmedAndOpenedByAClick) {
   EXPECT_EQ(opener.opened, Strings{"https://club.example/"});
 }
 
+TEST_F(LauncherLoad, ALinkThatCouldNotBeOpenedIsSaid) {
+  Launcher launcher(view, tables, NewSetup());
+  launcher.Load();
+  opener.canOpen = false;
+  messages.ExpectMessage("could not be opened: https://club.example/");
+  launcher.CustomiseClick();
+}
+
 TEST_F(LauncherLoad, MissingPictureAndLinkAreLoggedAndDoNotStopTheLoad) {
   files.Remove("/house/cust1.dat");
   files.Remove("/house/cust2.dat");

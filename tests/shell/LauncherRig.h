@@ -36,6 +36,7 @@ class FakeLauncherView : public LauncherView {
     picture = file;
   }
   void SetPictureHint(std::string_view text) override { hint = text; }
+  void ShowDemonstration(bool shown) override { demonstration = shown; }
   void UnloadSelf() override { ++unloads; }
 
   FakeLedClock clock;
@@ -43,7 +44,21 @@ class FakeLauncherView : public LauncherView {
   std::map<LauncherLabel, std::string> labels;
   std::string picture;
   std::string hint;
+  bool demonstration = false;
   int unloads = 0;
+};
+
+/// What came with the program: the elements of one file, or a folder that cannot be read.
+class FakeShipped : public ShippedFiles {
+ public:
+  bool Has(const std::string&) const override { return false; }
+  void PutBack(const std::string&) override {}
+  bool AreElements(const std::string& name) const override {
+    if (broken) throw platform::Fault::DeviceError();
+    return name == elements;
+  }
+  std::string elements = "amateur.txt";
+  bool broken = false;
 };
 
 /// One set of the space station; checksums are right.

@@ -1,9 +1,11 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMenu>
+#include <QScreen>
 
 #include "platform/qt/LedClockWidget.h"
 #include "shell/Menus.h"
+#include "station/Hub.h"
 
 #include "ShellWindows.h"
 #include "support_qt/Shots.h"
@@ -64,6 +66,58 @@ TEST_F(LauncherWindowTests, NoTextIsClippedInEitherLook) {
     }
     testing::SaveShot(launcher, skin ? "launcher-skin" : "launcher-plain");
   }
+}
+
+TEST_F(LauncherWindowTests, SaysUnderTheAgeThatTheElementsAreForDemonstration) {
+  shipped.demonstration = true;
+  LauncherWindow& launcher = Open();
+  auto& line = In<QLabel>(launcher, "LABdemo");
+  EXPECT_TRUE(line.isVisible());
+  EXPECT_EQ(line.text(), "demonstration elements");
+  EXPECT_EQ(line.textInteractionFlags(), Qt::NoTextInteraction) << "there is no update yet";
+  EXPECT_GE(line.y(), In<QLabel>(launcher, "lblKepAge").geometry().bottom());
+  EXPECT_LE(line.geometry().bottom(), In<QLabel>(launcher, "lblSunrise").y());
+  const int below = In<QLabel>(launcher, "lblSunrise").y();
+  shipped.demonstration = false;
+  station::TheHub().RunActivation();
+  EXPECT_FALSE(line.isVisible());
+  EXPECT_EQ(In<QLabel>(launcher, "lblSunrise").y(), below) << "nothing moves";
+}
+
+TEST_F(LauncherWindowTests, TheDemonstrationLineOpensTheUpdateOnceThatExists) {
+  shipped.demonstration = true;
+  RegisterStub("frmCONUpdates");
+  LauncherWindow& launcher = Open();
+  auto& line = In<QLabel>(launcher, "LABdemo");
+  EXPECT_TRUE(line.focusPolicy() & Qt::TabFocus);
+  eventLoop.RunEvent([&] { emit line.linkActivated("#"); });
+  EXPECT_TRUE(windows->IsVisible("frmCONUpdates"));
+}
+
+TEST_F(LauncherWindowTests, AFirstStartGivesTheMapTheScreenBesideTheLauncher) {
+  firstStart = true;
+  LauncherWindow& launcher = Open();
+  const QRect screen = launcher.screen()->availableGeometry();
+  EXPECT_EQ(launcher.frameGeometry().topLeft(), screen.topLeft());
+  const auto pixels = [&](const char* key) { return std::stoi(settings.Get(key)) / 15; };
+  const QRect map(pixels("WinPosX"), pixels("WinPosY"), pixels("WinPosW"), pixels("WinPosH"));
+  EXPECT_TRUE(screen.contains(map));
+  EXPECT_FALSE(map.intersects(launcher.frameGeometry()));
+  EXPECT_GE(map.width(), (screen.width() - launcher.width()) * 9 / 10);
+}
+
+TEST_F(LauncherWindowTests, ALaterStartStoresNoPlaceForTheMap) {
+  Open();
+  EXPECT_EQ(settings.Get("WinPosX"), "");
+}
+
+TEST_F(LauncherWindowTests, GreyButtonsSayThatTheyComeLater) {
+  RegisterStub("Horizon");
+  LauncherWindow& launcher = Open();
+  EXPECT_EQ(Button(launcher, 5).toolTip(), "comes with a later version");
+  EXPECT_EQ(Button(launcher, 5).accessibleDescription(), "comes with a later version");
+  EXPECT_EQ(Button(launcher, 8).toolTip(), "");
+  EXPECT_EQ(Button(launcher, 0).toolTip(), "");
 }
 
 TEST_F(LauncherWindowTests, EveryControlHasANameAndIsReachedByKeyboard) {

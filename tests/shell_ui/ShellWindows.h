@@ -29,7 +29,9 @@ class FakeShipped : public ShippedFiles {
  public:
   bool Has(const std::string& name) const override { return name == "amateur.txt"; }
   void PutBack(const std::string& name) override { putBack.push_back(name); }
+  bool AreElements(const std::string& name) const override { return demonstration && name == "amateur.txt"; }
   Strings putBack;
+  bool demonstration = false;
 };
 
 /// A window of a later day: remembers its tag.
@@ -103,6 +105,7 @@ class ShellWindows : public testing::House {
   }
 
   FakeShipped shipped;
+  bool firstStart = false;
   int processEnds = 0;
 
  private:
@@ -112,7 +115,8 @@ class ShellWindows : public testing::House {
             [] { return std::make_unique<orbit::OrbitEngine>(); },
             [] { return std::make_unique<platform::SilentSpeech>(); },
             [this] { ++processEnds; },
-            &shipped};
+            &shipped,
+            firstStart};
   }
 };
 

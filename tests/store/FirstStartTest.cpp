@@ -10,6 +10,7 @@
 
 #include "support/House.h"
 #include "support/MemoryFolders.h"
+#include "support/StationFiles.h"
 
 namespace kestrava::store {
 namespace {
@@ -125,6 +126,49 @@ TEST_F(FirstStart, ABrokenDeviceLeavesAnEmptyFolderEmpty) {
     files.Mend();
     EXPECT_TRUE(IsNewFolder(kFolder)) << bytes;
   }
+}
+
+/// The space station rises up to 70 degrees north, the telescope up to 50; one of the satellites over the equator
+/// always stands over Africa.
+class FirstFavourites : public FirstStart {
+ protected:
+  FirstFavourites() {
+    files.Put(kShipped / "faves.dat", "ISS (ZARYA)\nHST\nMETEOSAT-11 (MS\nOF NO FILE\n");
+    for (const char* name : {"groups.dat", "stations.txt", "visual.txt", "geo.txt"})
+      files.Put(kShipped / name, testing::StationFile(name));
+  }
+  std::string AtPlace(double latitudeDeg, double longitudeEastDeg) {
+    const std::filesystem::path folder = "/home/user/" + std::to_string(++folders_) + "/";
+    SeedFolder(kShipped, folder, folders, orbit::Observer{latitudeDeg, longitudeEastDeg, 0});
+    return files.Content(folder / "faves.dat");
+  }
+  int folders_ = 0;
+};
+
+TEST_F(FirstFavourites, AreThoseThatRiseAtThePlace) {
+  EXPECT_EQ(AtPlace(28.5, 0), "ISS (ZARYA)\nHST\nMETEOSAT-11 (MS\nOF NO FILE\n");
+  EXPECT_EQ(AtPlace(52.5, 13.4), "ISS (ZARYA)\nMETEOSAT-11 (MS\nOF NO FILE\n");
+  EXPECT_EQ(AtPlace(28.5, 180), "ISS (ZARYA)\nHST\nOF NO FILE\n");
+}
+
+TEST_F(FirstFavourites, AreAllWhereNoneWouldBeLeft) {
+  files.Put(kShipped / "faves.dat", "HST\n");
+  EXPECT_EQ(AtPlace(80, 0), "HST\n");
+}
+
+TEST_F(FirstFavourites, FollowTheGuessedPlaceAndAStoredOneBeforeIt) {
+  const ZonePlace berlin{"Europe/Berlin", 52.5, 13.3667};
+  PrepareFirstStart(kShipped, kFolder, berlin, folders);
+  EXPECT_EQ(At("faves.dat").find("HST"), std::string::npos);
+  settings.Set("Latitude", "-33,9");
+  settings.Set("Longitude", "208.8");
+  PrepareFirstStart(kShipped, "/elsewhere/", berlin, folders);
+  EXPECT_NE(files.Content("/elsewhere/faves.dat").find("HST"), std::string::npos);
+}
+
+TEST_F(FirstFavourites, AreTheShippedOnesWhereNothingIsKnownOfThePlace) {
+  PrepareFirstStart(kShipped, kFolder, {}, folders);
+  EXPECT_EQ(At("faves.dat"), files.Content(kShipped / "faves.dat"));
 }
 
 TEST_F(FirstStart, WritesThePlaceOfTheTimeZone) {

@@ -2,7 +2,9 @@
 
 #include <QLabel>
 #include <QPointer>
+#include <QScreen>
 #include <QVBoxLayout>
+#include <utility>
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
@@ -10,11 +12,13 @@
 #include "platform/Messages.h"
 #include "platform/Settings.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/LaterWindows.h"
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
 #include "platform/qt/Theme.h"
 #include "platform/qt/Widgets.h"
 #include "predict/JobWindows.h"
+#include "shell/FirstMapPlace.h"
 #include "shell/FloppyTransfer.h"
 #include "shell/Menus.h"
 #include "shell/Shutdown.h"
@@ -27,6 +31,7 @@ namespace kestrava::shell::ui {
 using platform::qt::ArrayName;
 using platform::qt::FontByName;
 using platform::qt::Named;
+using platform::qt::PixelsToTwips;
 using platform::qt::ToQt;
 using platform::qt::TwipsToPixels;
 
@@ -38,6 +43,14 @@ constexpr int kTimer1Ms = 1000;
 constexpr int kTextPoints = 8;
 constexpr int kGapPixels = 6;
 
+constexpr const char* kDemonstration = "demonstration elements";
+constexpr std::string_view kUpdateWindow = "frmCONUpdates";
+
+TwipsArea ToTwips(const QRect& area) {
+  return {PixelsToTwips(area.left()), PixelsToTwips(area.top()), PixelsToTwips(area.width()),
+          PixelsToTwips(area.height())};
+}
+
 /// All open windows follow the theme by themselves.
 void FollowSkinSetting() {
   if (platform::qt::SkinIsOn() != platform::ReadSwitch("Skin", "1")) platform::qt::ApplyThemeFromSettings();
@@ -46,7 +59,10 @@ void FollowSkinSetting() {
 }  // namespace
 
 LauncherWindow::LauncherWindow(LauncherSetup setup)
-    : StationWindow(kLauncherName), shipped_(setup.shipped), launcher_(*this, orbit::TheTables(), std::move(setup)) {
+    : StationWindow(kLauncherName),
+      shipped_(setup.shipped),
+      firstStart_(setup.firstStart),
+      launcher_(*this, orbit::TheTables(), std::move(setup)) {
   BuildUi();
   ConnectSignals();
   ShowLook();
@@ -109,6 +125,7 @@ void LauncherWindow::BuildButtons(QVBoxLayout& column) {
 void LauncherWindow::BuildFoot(QVBoxLayout& column) {
   column.addSpacing(kGapPixels);
   column.addWidget(MakeLabel(LauncherLabel::kKepAge, 3));
+  column.addWidget(MakeDemonstrationLine());
   column.addSpacing(kGapPixels);
   column.addWidget(MakeLabel(LauncherLabel::kSunrise, 2));
   column.addWidget(MakeLabel(LauncherLabel::kSunshine, 1));
@@ -134,6 +151,31 @@ QLabel* LauncherWindow::MakeLabel(LauncherLabel which, int lines) {
   return label;
 }
 
+/// It keeps its place while it is hidden, and is a link once there is a window that fetches fresh elements.
+QLabel* LauncherWindow::MakeDemonstrationLine() {
+  demonstration_ = Named(new QLabel(this), "LABdemo", kDemonstration);
+  demonstration_->setAlignment(Qt::AlignCenter);
+  demonstration_->setMinimumHeight(demonstration_->fontMetrics().lineSpacing() + 2);
+  demonstration_->setToolTip(
+      tr("The elements that came with Kestrava are for trying it out:\nthe orbits are real in shape, but no satellite "
+         "is where they say.\nThe help tells how to get fresh ones."));
+  QSizePolicy keepsItsPlace = demonstration_->sizePolicy();
+  keepsItsPlace.setRetainSizeWhenHidden(true);
+  demonstration_->setSizePolicy(keepsItsPlace);
+  demonstration_->hide();
+  connect(demonstration_, &QLabel::linkActivated, this,
+          [] { platform::RunUntrapped("The update", [] { platform::TheWindows().Show(kUpdateWindow); }); });
+  return demonstration_;
+}
+
+void LauncherWindow::ShowDemonstration(bool shown) {
+  const bool canUpdate = platform::TheWindows().Knows(kUpdateWindow);
+  demonstration_->setText(canUpdate ? QString("<a href=\"#\">%1</a>").arg(kDemonstration) : kDemonstration);
+  demonstration_->setTextInteractionFlags(canUpdate ? Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard
+                                                    : Qt::NoTextInteraction);
+  demonstration_->setVisible(shown);
+}
+
 void LauncherWindow::ConnectSignals() {
   connect(picture_, &QAbstractButton::clicked, this,
           [this] { platform::RunUntrapped("Opening the link", [this] { launcher_.CustomiseClick(); }); });
@@ -145,7 +187,7 @@ void LauncherWindow::ConnectSignals() {
 void LauncherWindow::ShowLook() {
   for (const LauncherButton& entry : LauncherButtons()) {
     auto* button = findChild<QAbstractButton*>(ArrayName("BUTmenu", entry.index));
-    button->setEnabled(IsUsable(entry, platform::TheWindows()));
+    if (OpensWindow(entry)) platform::qt::EnableByWindow(*button, entry.target);
   }
   ApplySkin();
   FitPanel();
@@ -164,6 +206,8 @@ void LauncherWindow::Show() {
     loaded_ = true;
     station::UseHub(this);
     launcher_.Load();
+    // A new user's map is to have the rest of the screen.
+    if (firstStart_) move(screen()->availableGeometry().topLeft());
   }
   if (!closing_) StationWindow::Show();
 }
@@ -175,9 +219,16 @@ void LauncherWindow::OnActivated() {
     ShowLook();
     launcher_.Activate();
     started_ = true;
+    if (std::exchange(firstStart_, false)) PlaceFirstMap();
   } catch (const platform::Fault& fault) {
     EndByFault(fault);
   }
+}
+
+void LauncherWindow::PlaceFirstMap() {
+  const int titlePx = geometry().top() - frameGeometry().top();
+  StoreFirstMapPlace(
+      FirstMapPlace(ToTwips(screen()->availableGeometry()), ToTwips(frameGeometry()), PixelsToTwips(titlePx)));
 }
 
 /// Before the first activation there is nothing to do: that one reads everything afresh, and takes the splash away when

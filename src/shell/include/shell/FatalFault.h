@@ -6,13 +6,15 @@
 
 namespace kestrava::shell {
 
-/// The files that came with the program, as far as the message about a missing one needs them.
+/// The files that came with the program, as far as the launcher needs them.
 class ShippedFiles {
  public:
   virtual ~ShippedFiles() = default;
   virtual bool Has(const std::string& name) const = 0;
   /// Puts the shipped file of that name into the user's folder, if none is there. @throws platform::Fault
   virtual void PutBack(const std::string& name) = 0;
+  /// Are the elements of the user's file of that name still those that were shipped? @throws platform::Fault
+  virtual bool AreElements(const std::string& name) const = 0;
 };
 
 struct FatalReport {

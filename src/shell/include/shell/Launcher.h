@@ -28,6 +28,7 @@ struct LauncherSetup {
   std::function<std::unique_ptr<platform::SpeechEngine>()> makeSpeech;
   std::function<void()> endProcess;  ///< at once, when the windows refuse to close
   ShippedFiles* shipped = nullptr;
+  bool firstStart = false;  ///< this run has filled a new folder
 };
 
 class Launcher {
@@ -52,7 +53,7 @@ class Launcher {
   /// Every second: the launcher's clock shows only while the launcher is alone.
   void Timer1Tick();
 
-  /// Opens the link of cust2.dat.
+  /// Opens the link of cust2.dat, or says that it could not be opened.
   void CustomiseClick();
 
   /// Takes all other windows along, or ends the process at once where they refuse.
@@ -78,6 +79,7 @@ class Launcher {
   template <class Statement>
   void OnLoad(Statement&& statement);
   void ShowElementAge();
+  void ShowDemonstration();
   void SetObserver();
   void ShowSunTimes();
   double ReadAngle(std::string_view key);

@@ -41,6 +41,8 @@ class LauncherView {
   /// Shows a picture file in PBCustomise. @throws platform::Fault "File not found", "Invalid picture"
   virtual void ShowPicture(std::string_view file) = 0;
   virtual void SetPictureHint(std::string_view text) = 0;
+  /// The line LABdemo: the elements of the first group are those for trying out.
+  virtual void ShowDemonstration(bool shown) = 0;
   /// Unloads the window: it goes when the present event is over.
   virtual void UnloadSelf() = 0;
 };

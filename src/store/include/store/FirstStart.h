@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "orbit/Observer.h"
 #include "platform/Folders.h"
 
 namespace kestrava::store {
@@ -25,9 +26,11 @@ bool IsNewFolder(const std::filesystem::path& folder);
 /// into place in one step, so that a kill leaves it new or whole, and of several starts at the same moment one fills it
 /// and the others take that. (An empty folder that cannot be renamed over, as the root of a stick, is filled in place,
 /// groups.dat last.) Element files are given the date of their newest elements.
+/// @param observer  favourites that never rise there are left out
 /// @throws platform::Fault "File not found" without shipped data, or what the disk says; the folder is then new as
 /// before
-void SeedFolder(const std::filesystem::path& shipped, const std::filesystem::path& folder, platform::Folders& folders);
+void SeedFolder(const std::filesystem::path& shipped, const std::filesystem::path& folder, platform::Folders& folders,
+                const std::optional<orbit::Observer>& observer = {});
 
 /// Writes the four settings of the primary location, unless one of them is already there.
 void WriteFirstLocation(const ZonePlace& place);

@@ -42,6 +42,8 @@ class LauncherWindow : public platform::qt::StationWindow, private LauncherView,
   void BuildButtons(QVBoxLayout& column);
   void BuildFoot(QVBoxLayout& column);
   QLabel* MakeLabel(LauncherLabel which, int lines);
+  QLabel* MakeDemonstrationLine();
+  void PlaceFirstMap();
   void ConnectSignals();
   void ShowLook();
   void FitPanel();
@@ -60,12 +62,15 @@ class LauncherWindow : public platform::qt::StationWindow, private LauncherView,
   platform::LedClock& Clock() override;
   void ShowPicture(std::string_view file) override;
   void SetPictureHint(std::string_view text) override;
+  void ShowDemonstration(bool shown) override;
   void UnloadSelf() override;
 
   ShippedFiles* shipped_;
+  bool firstStart_;
   std::map<LauncherLabel, QLabel*> labels_;
   platform::qt::LedClockWidget* clock_ = nullptr;
   PictureLink* picture_ = nullptr;
+  QLabel* demonstration_ = nullptr;
   Launcher launcher_;
   std::unique_ptr<platform::Timer> timer1_;
   bool loaded_ = false;   ///< the load has begun
