@@ -1,6 +1,8 @@
 #include "Run.h"
 
+#include <QCoreApplication>
 #include <QSocketNotifier>
+#include <QWidget>
 #include <cstdlib>
 #include <exception>
 #include <filesystem>
@@ -128,12 +130,6 @@ void EndInOrder(Machine& machine) {
 }
 
 }  // namespace
-
-bool Application::notify(QObject* receiver, QEvent* event) {
-  bool handled = false;
-  platform::RunUntrapped("The last step", [&] { handled = QApplication::notify(receiver, event); });
-  return handled;
-}
 
 int Run(const CommandLine& commandLine) {
   Machine machine;

@@ -1,12 +1,10 @@
-#include <QApplication>
-#include <QIcon>
 #include <QMessageBox>
 #include <csignal>
 #include <cstdio>
 #include <exception>
 
-#include "platform/Version.h"
 #include "platform/linux/OwnStart.h"
+#include "platform/qt/StationApplication.h"
 #include "shell/FatalFault.h"
 #include "shell/Shutdown.h"
 
@@ -14,12 +12,6 @@
 #include "Terminal.h"
 
 namespace {
-
-void NameTheProgram() {
-  QCoreApplication::setApplicationName("kestrava");
-  QCoreApplication::setApplicationVersion(QString::fromStdString(kestrava::platform::LongVersion()));
-  QGuiApplication::setDesktopFileName("kestrava");
-}
 
 /// The last word of a run that broke off: its doors are gone, so it is said with the toolkit alone.
 int TellFailure(const char* what) {
@@ -34,10 +26,9 @@ int TellFailure(const char* what) {
 
 /// One run with windows. No object of the toolkit is left behind it.
 int RunWindows(int argc, char** argv) {
-  kestrava::app::Application application(argc, argv);
+  const kestrava::platform::qt::StationApplication application(argc, argv);
   const auto commandLine = kestrava::app::ReadCommandLine(application);
   if (!commandLine) return 2;
-  QGuiApplication::setWindowIcon(QIcon(":/pictures/kestrava.svg"));
   try {
     return kestrava::app::Run(*commandLine);
   } catch (const std::exception& failure) {
@@ -61,7 +52,6 @@ int main(int argc, char** argv) {
   kestrava::platform::OwnStart ownStart(argc, argv);
   std::signal(SIGXFSZ, SIG_IGN);  // a file beyond the user's limit is a disk that is full, not the end of the process
   if (const auto answered = kestrava::app::AnswerInTerminal(argc, argv)) return *answered;
-  NameTheProgram();
   const int exitCode = RunWindows(argc, argv);
   return exitCode == kestrava::shell::kStartAnewCode ? StartAnew(ownStart) : exitCode;
 }

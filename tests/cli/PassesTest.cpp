@@ -81,7 +81,7 @@ TEST_F(Passes, CsvHasTheSameNumbersAsJson) {
   std::vector<std::string> first;
   for (std::string field; std::getline(fields, field, ',');) first.push_back(field);
   ASSERT_EQ(first.size(), 14u);
-  EXPECT_EQ(first[3], json["passes"][0]["start_time"]);
+  EXPECT_EQ(first[3], json["passes"][0]["start_time"].get<std::string>());
   EXPECT_NEAR(std::strtod(first[7].c_str(), nullptr), json["passes"][0]["max_elevation_deg"].get<double>(), 1e-12);
   EXPECT_GT(first[7].size(), 8u) << "full precision";
 }

@@ -30,9 +30,9 @@ class SettingsFixture : public testing::House {
   static void HandleEvents();
 
   template <class Control>
-  static Control& Child(QWidget& window, const QString& name) {
-    auto* control = window.findChild<Control*>(name);
-    if (!control) throw std::runtime_error("no control " + name.toStdString());
+  static Control& Child(QWidget& window, QAnyStringView name) {
+    auto* control = window.findChild<Control*>(name.toString());
+    if (!control) throw std::runtime_error("no control " + name.toString().toStdString());
     return *control;
   }
   static std::string Label(QWidget& window, const char* name) {

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -137,10 +138,17 @@ TEST_F(ThemeTests, TheSettingDecidesAndMayChangeAtAnyTime) {
   EXPECT_EQ(QApplication::style()->name(), style);
 }
 
-TEST_F(ThemeTests, FacesAreTakenByKindFromWhatIsInstalled) {
-  EXPECT_TRUE(FontByName("Small fonts", 7, true).family().startsWith("DejaVu Sans"));
-  EXPECT_TRUE(FontByName("SMALL FONTS", 7, false).family().startsWith("DejaVu Sans"));
-  EXPECT_FALSE(FontByName("Arial", 8, true).family().isEmpty());
+TEST_F(ThemeTests, FacesAreTakenByKindWhateverIsInstalled) {
+  for (const char* name : {"Small fonts", "SMALL FONTS", "Arial", "Lucida Console", "No such face"}) {
+    for (const bool bold : {false, true}) {
+      const QFontInfo taken(FontByName(name, 8, bold));
+      EXPECT_TRUE(taken.family().startsWith("Kestrava ")) << name << " is " << taken.family().toStdString();
+      EXPECT_EQ(taken.bold(), bold) << name;
+    }
+  }
+  EXPECT_EQ(QFontInfo(FontByName("Small fonts", 8, false)).family(), "Kestrava Narrow");
+  EXPECT_TRUE(QFontInfo(FontByName("Lucida Console", 8, false)).fixedPitch());
+  EXPECT_TRUE(QFontInfo(InterfaceFont()).family().startsWith("Kestrava "));
   EXPECT_EQ(FontByName("No such face", 9, false).family(), InterfaceFont().family());
   EXPECT_EQ(FontByName("Arial", 9, false).pixelSize(), 12);
   EXPECT_EQ(FontForScale("Arial", 9, false, 1.5).pixelSize(), 18);

@@ -83,9 +83,9 @@ class ShellWindows : public testing::House {
     return dynamic_cast<LauncherWindow&>(*windows->Find("frmLAUNCHER"));
   }
   template <class Control>
-  static Control& In(QWidget& window, const QString& name) {
-    auto* control = window.findChild<Control*>(name);
-    if (!control) throw std::runtime_error("no control " + name.toStdString());
+  static Control& In(QWidget& window, QAnyStringView name) {
+    auto* control = window.findChild<Control*>(name.toString());
+    if (!control) throw std::runtime_error("no control " + name.toString().toStdString());
     return *control;
   }
   static std::string LabelText(QWidget& window, const QString& name) {

@@ -1,5 +1,6 @@
 // Test programs with windows need no display: they run on the toolkit's offscreen platform, on one screen of
-// 1600 x 1200 without window frames.
+// 1600 x 1200 without window frames, and see no face of the machine: pictures are compared with those that the program
+// carries in itself.
 #include <QFile>
 #include <QTemporaryDir>
 
@@ -13,9 +14,11 @@ constexpr const char* kScreen =
     R"({"windowFrameMargins":false,"screens":[{"name":"s0","x":0,"y":0,"width":1600,"height":1200,)"
     R"("logicalDpi":96,"logicalBaseDpi":96,"dpr":1}]})";
 
-bool WriteScreenFile(const QString& path) {
+constexpr const char* kNoFaces = "<?xml version=\"1.0\"?><fontconfig><cachedir>/nonexistent</cachedir></fontconfig>";
+
+bool Write(const QString& path, const char* content) {
   QFile file(path);
-  return file.open(QIODevice::WriteOnly) && file.write(kScreen) > 0;
+  return file.open(QIODevice::WriteOnly) && file.write(content) > 0;
 }
 
 }  // namespace
@@ -24,10 +27,12 @@ int main(int argc, char** argv) {
   ::testing::InitGoogleTest(&argc, argv);
   const QTemporaryDir folder;
   const QString screenFile = folder.filePath("screen.json");
-  if (!folder.isValid() || !WriteScreenFile(screenFile)) return 2;
+  const QString facesFile = folder.filePath("faces.conf");
+  if (!folder.isValid() || !Write(screenFile, kScreen) || !Write(facesFile, kNoFaces)) return 2;
   // KESTRAVA_TEST_PLATFORM=xcb shows the windows on a real desktop instead.
   const QByteArray other = qgetenv("KESTRAVA_TEST_PLATFORM");
   qputenv("QT_QPA_PLATFORM", other.isEmpty() ? "offscreen:configfile=" + screenFile.toLocal8Bit() : other);
+  qputenv("FONTCONFIG_FILE", facesFile.toLocal8Bit());
   qputenv("XDG_RUNTIME_DIR", folder.path().toLocal8Bit());
   qputenv("XDG_CONFIG_HOME", folder.path().toLocal8Bit());
   qputenv("QT_SCALE_FACTOR", qEnvironmentVariable("KESTRAVA_TEST_SCALE", "1").toLocal8Bit());

@@ -1,4 +1,5 @@
 // The behaviour of the horizon window, driven through a window that only remembers. Its paints go to logged surfaces.
+#include <algorithm>
 #include <map>
 
 #include "platform/Fault.h"

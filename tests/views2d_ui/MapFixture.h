@@ -33,12 +33,12 @@ class MapFixture : public testing::House {
   void Resize(QWidget& map, int width, int height);
 
   template <class Control>
-  static Control& Child(QWidget& map, const QString& name) {
-    auto* control = map.findChild<Control*>(name);
-    if (!control) throw std::runtime_error("no control " + name.toStdString());
+  static Control& Child(QWidget& map, QAnyStringView name) {
+    auto* control = map.findChild<Control*>(name.toString());
+    if (!control) throw std::runtime_error("no control " + name.toString().toStdString());
     return *control;
   }
-  static QAction& Entry(QWidget& map, const QString& name) { return Child<QAction>(map, name); }
+  static QAction& Entry(QWidget& map, QAnyStringView name) { return Child<QAction>(map, name); }
   static QString Text(QWidget& map, int remoteStat);
   /// A press and a release of the left button in the middle of a control.
   void Click(QWidget& control);

@@ -1,7 +1,8 @@
 #include "platform/qt/Fonts.h"
 
+#include <QDir>
+#include <QFileInfo>
 #include <QFontDatabase>
-#include <QStringList>
 #include <algorithm>
 #include <cmath>
 
@@ -13,47 +14,32 @@ namespace {
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
 constexpr int kInterfacePoints = 9;
 
-QString FirstInstalled(const QStringList& families) {
-  const QStringList installed = QFontDatabase::families();
-  for (const QString& family : families) {
-    if (installed.contains(family)) return family;
-  }
-  return families.last();
+constexpr const char* kInterfaceFamily = "Kestrava Sans";
+constexpr const char* kSmallFamily = "Kestrava Narrow";
+constexpr const char* kGrotesqueFamily = "Kestrava Grotesque";
+constexpr const char* kFixedPitchFamily = "Kestrava Mono";
+
+/// Reads the faces that the program carries in itself, once.
+void LoadFaces() {
+  static const bool loaded = [] {
+    for (const QFileInfo& face : QDir(":/fonts").entryInfoList()) QFontDatabase::addApplicationFont(face.filePath());
+    return true;
+  }();
+  static_cast<void>(loaded);
 }
 
-QString SmallFamily() {
-  static const QString family = FirstInstalled({"DejaVu Sans Condensed", "DejaVu Sans"});
-  return family;
-}
-
-QString GrotesqueFamily() {
-  static const QString family = FirstInstalled({"Liberation Sans", "DejaVu Sans"});
-  return family;
-}
-
-QString InterfaceFamily() {
-  static const QString family = FirstInstalled({"DejaVu Sans", "Liberation Sans"});
-  return family;
-}
-
-QString FixedPitchFamily() {
-  static const QString family = FirstInstalled({"Lucida Console", "DejaVu Sans Mono", "Liberation Mono",
-                                                QFontDatabase::systemFont(QFontDatabase::FixedFont).family()});
-  return family;
-}
-
-QString FamilyByName(std::string_view name) {
-  if (EqualsIgnoringCase(name, "Small fonts")) return SmallFamily();
-  if (EqualsIgnoringCase(name, "Arial")) return GrotesqueFamily();
-  if (EqualsIgnoringCase(name, "Lucida Console")) return FixedPitchFamily();
-  return InterfaceFamily();
+const char* FamilyByName(std::string_view name) {
+  if (EqualsIgnoringCase(name, "Small fonts")) return kSmallFamily;
+  if (EqualsIgnoringCase(name, "Arial")) return kGrotesqueFamily;
+  if (EqualsIgnoringCase(name, "Lucida Console")) return kFixedPitchFamily;
+  return kInterfaceFamily;
 }
 
 }  // namespace
 
 QFont FontForScale(std::string_view name, int pointSize, bool bold, double scale) {
+  LoadFaces();
   QFont font(FamilyByName(name));
-  if (EqualsIgnoringCase(name, "Small fonts")) font.setStretch(QFont::SemiCondensed);
   font.setPixelSize(std::max(1, static_cast<int>(std::lround(pointSize * kPixelsPerPoint * scale))));
   font.setBold(bold);
   font.setHintingPreference(QFont::PreferFullHinting);
@@ -66,7 +52,8 @@ QFont FontByName(std::string_view name, int pointSize, bool bold) {
 }
 
 QFont InterfaceFont() {
-  QFont font(InterfaceFamily());
+  LoadFaces();
+  QFont font(kInterfaceFamily);
   font.setPixelSize(static_cast<int>(std::lround(kInterfacePoints * kPixelsPerPoint)));
   return font;
 }

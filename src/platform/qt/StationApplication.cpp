@@ -1,34 +1,23 @@
 #include "platform/qt/StationApplication.h"
 
-#include <QAccessibleWidget>
+#include <QIcon>
 
 #include "platform/Messages.h"
-#include "platform/qt/LedClockWidget.h"
-#include "platform/qt/SurfaceWidget.h"
+#include "platform/Version.h"
+#include "platform/qt/Fonts.h"
 #include "platform/qt/Widgets.h"
+
+#include "ScreenReader.h"
 
 namespace kestrava::platform::qt {
 
-namespace {
-
-/// What screen readers are told of the widgets of our own that the toolkit knows nothing about.
-QAccessibleInterface* TellOwnWidgets(const QString& className, QObject* object) {
-  auto* picture = qobject_cast<SurfaceWidget*>(object);
-  if (picture && className == SurfaceWidget::staticMetaObject.className())
-    return new QAccessibleWidget(picture, QAccessible::Graphic);
-  auto* clock = qobject_cast<LedClockWidget*>(object);
-  if (clock && className == LedClockWidget::staticMetaObject.className())
-    return new QAccessibleWidget(clock, QAccessible::Clock);
-  return nullptr;
-}
-
-}  // namespace
-
 StationApplication::StationApplication(int& argc, char** argv) : QApplication(argc, argv) {
-  QAccessible::installFactory(TellOwnWidgets);
-  setApplicationName(ToQt(kProgramTitle));
+  setApplicationName("kestrava");
+  setApplicationVersion(ToQt(LongVersion()));
   setDesktopFileName("kestrava");
-  setQuitOnLastWindowClosed(false);
+  setWindowIcon(QIcon(":/pictures/kestrava.svg"));
+  setFont(InterfaceFont());
+  DescribeToScreenReaders();
 }
 
 bool StationApplication::notify(QObject* receiver, QEvent* event) {

@@ -322,7 +322,7 @@ void LauncherWindow::PopUp(std::string_view menu) {
   if (!menus) throw platform::Fault::ObjectNotSet();
   for (const Menu& row : Menus()) {
     if (row.objectName == menu)
-      menus->PopUp(menu, mapToGlobal(QPoint(width(), height() - TwipsToPixels(row.raiseTwips))));
+      menus->PopUp(menu, *this, mapToGlobal(QPoint(width(), height() - TwipsToPixels(row.raiseTwips))));
   }
 }
 

@@ -16,7 +16,7 @@ namespace kestrava::shell::ui {
 using platform::qt::ToQt;
 
 MenuWindow::MenuWindow() : StationWindow(kMenuName) {
-  BuildMenus();
+  for (const Menu& row : Menus()) menus_[std::string(row.objectName)] = MakeMenu(row);
 }
 
 MenuWindow* MenuWindow::Get() {
@@ -25,21 +25,20 @@ MenuWindow* MenuWindow::Get() {
   return dynamic_cast<MenuWindow*>(windows.Find(kMenuName));
 }
 
-void MenuWindow::BuildMenus() {
-  for (const Menu& row : Menus()) {
-    auto* menu = new QMenu(ToQt(row.title), this);
-    menu->setObjectName(ToQt(row.objectName));
-    menu->setAccessibleName(ToQt(row.title));
-    for (const MenuEntry& entry : MenuEntries()) {
-      if (entry.menu != row.objectName) continue;
-      QAction* action = menu->addAction(ToQt(entry.caption));
-      action->setObjectName(ToQt(entry.objectName));
-      connect(action, &QAction::triggered, this,
-              [&entry] { platform::RunUntrapped(entry.caption, [&entry] { RunMenuEntry(entry); }); });
-    }
-    RefreshEntries(*menu);
-    connect(menu, &QMenu::aboutToShow, this, [this, menu] { RefreshEntries(*menu); });
+QMenu* MenuWindow::MakeMenu(const Menu& row) {
+  auto* menu = new QMenu(ToQt(row.title), this);
+  menu->setObjectName(ToQt(row.objectName));
+  menu->setAccessibleName(ToQt(row.title));
+  for (const MenuEntry& entry : MenuEntries()) {
+    if (entry.menu != row.objectName) continue;
+    QAction* action = menu->addAction(ToQt(entry.caption));
+    action->setObjectName(ToQt(entry.objectName));
+    connect(action, &QAction::triggered, this,
+            [&entry] { platform::RunUntrapped(entry.caption, [&entry] { RunMenuEntry(entry); }); });
   }
+  RefreshEntries(*menu);
+  connect(menu, &QMenu::aboutToShow, this, [this, menu] { RefreshEntries(*menu); });
+  return menu;
 }
 
 /// An entry whose window is not there yet stands in the menu all the same, but cannot be chosen.
@@ -51,8 +50,12 @@ void MenuWindow::RefreshEntries(QMenu& menu) {
   }
 }
 
-void MenuWindow::PopUp(std::string_view menu, const QPoint& place) {
-  if (auto* chosen = findChild<QMenu*>(ToQt(menu))) chosen->popup(place);
+void MenuWindow::PopUp(std::string_view menu, QWidget& over, const QPoint& place) {
+  const auto entry = menus_.find(menu);
+  if (entry == menus_.end() || !entry->second) return;
+  QMenu& chosen = *entry->second;
+  if (chosen.parentWidget() != &over) chosen.setParent(&over, chosen.windowFlags());
+  chosen.popup(place);
 }
 
 }  // namespace kestrava::shell::ui

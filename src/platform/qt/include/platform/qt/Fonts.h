@@ -1,5 +1,6 @@
-// Faces by the names that the windows use. A name stands for a kind of face; an installed or shipped one of that kind
-// is taken, so that nothing depends on a font of another system.
+// Faces by the names that the windows use. A name stands for a kind of face; each kind comes with the program, under a
+// family name of its own, so that the station looks the same whatever is installed. What a face does not have (other
+// scripts than Latin, Greek and Cyrillic) is taken from the machine's.
 #pragma once
 
 #include <QFont>
