@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/ClockFace.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Format.h"
@@ -18,12 +19,13 @@ constexpr std::array<const char*, 12> kMonthNames{"JAN", "FEB", "MAR", "APR", "M
                                                   "JUL", "AUG", "SEP", "OCT", "NOV", "DEC"};
 constexpr std::array<int, 12> kDaysBeforeMonth{0, 31, 59, 90, 120, 151, 181, 212, 243, 273, 304, 334};
 
-SerialDate WholeSeconds(SerialDate date) {
-  return platform::MakeSerial(platform::SplitSerial(date));
+/// The parts of the second that has begun.
+DateParts ShownParts(SerialDate moment) {
+  return platform::SplitSerial(platform::CutToSecond(moment));
 }
 
 /// Minutes to be added to local time. Hour and minute are those of the difference's size, so its sign is put back. The
-/// difference is taken before either clock is rounded to whole seconds: they could fall to different sides.
+/// difference is taken before either clock is cut to whole seconds: they could fall to different sides.
 int OffsetMinutes() {
   const platform::ClockReading now = platform::TheClock().Read();
   const SerialDate difference = now.utc - now.local;
@@ -41,7 +43,7 @@ int DaysBeforeMonth(std::string_view month) {
 }  // namespace
 
 SerialDate NowUTC() {
-  return WholeSeconds(platform::TheClock().Read().utc);
+  return platform::MakeSerial(ShownParts(platform::TheClock().Read().utc));
 }
 
 SerialDate NowLocal() {
@@ -49,7 +51,7 @@ SerialDate NowLocal() {
 }
 
 DateParts NowLocalParts() {
-  return platform::SplitSerial(platform::TheClock().Read().local);
+  return ShownParts(platform::TheClock().Read().local);
 }
 
 SerialDate LocalToUTC(SerialDate date) {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/ClockFace.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/TextFile.h"
@@ -123,7 +124,7 @@ template <class Deed>
 void Tell(std::string_view message, std::string_view trapName, Deed&& deed) {
   try {
     if (Observer()) Observer()(message, trapName);
-    deed(TheClock().Read().local);
+    deed(CutToSecond(TheClock().Read().local));
   } catch (const std::exception&) {
     // A log that cannot be written has nowhere to say so, and trying again would never end.
   }
@@ -132,7 +133,7 @@ void Tell(std::string_view message, std::string_view trapName, Deed&& deed) {
 }  // namespace
 
 std::string ErrorLogLine(std::string_view message, std::string_view trapName) {
-  return LineAt(TheClock().Read().local, message, trapName);
+  return LineAt(CutToSecond(TheClock().Read().local), message, trapName);
 }
 
 void ErrorTrap(std::string_view message, std::string_view trapName) {

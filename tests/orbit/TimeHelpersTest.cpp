@@ -41,6 +41,30 @@ TEST_F(TimeHelpers, EveryZoneComesBackAtEveryTimeOfDay) {
   }
 }
 
+TEST_F(TimeHelpers, ASecondIsShownUntilTheNextOneBegins) {
+  clock.SetOffsetHours(5.75);
+  const platform::SerialDate lastSecond = MakeSerial({2024, 12, 31, 23, 59, 59});
+  for (const double fraction : {0.0, 0.4, 0.5, 0.6, 0.9, 0.999}) {
+    clock.SetUtc(lastSecond + fraction / platform::kSecondsPerDay);
+    EXPECT_EQ(SplitSerial(NowUTC()), (DateParts{2024, 12, 31, 23, 59, 59})) << fraction;
+    EXPECT_EQ(NowUTC(), lastSecond) << "whole seconds";
+    EXPECT_EQ(NowLocalParts(), (DateParts{2025, 1, 1, 5, 44, 59})) << fraction;
+    EXPECT_EQ(NowLocal(), MakeSerial({2025, 1, 1, 5, 44, 59})) << fraction;
+  }
+}
+
+TEST_F(TimeHelpers, AWholeSecondIsItselfOnEveryDayAndInEveryZone) {
+  for (int day = 0; day < 40; ++day) {
+    clock.SetOffsetHours(day % 27 - 12);
+    for (int second = 0; second < 86400; second += 61) {
+      const DateParts asked{2026, 10, day, 0, 0, second};
+      clock.SetUtc(asked);
+      ASSERT_EQ(NowUTC(), MakeSerial(asked)) << day << " " << second;
+      ASSERT_EQ(NowLocal(), MakeSerial({2026, 10, day, day % 27 - 12, 0, second})) << day << " " << second;
+    }
+  }
+}
+
 TEST_F(TimeHelpers, TheOffsetIsThatOfThePresentMomentForEverySeason) {
   clock.SetOffsetHours(2);
   EXPECT_EQ(SplitSerial(LocalToUTC(MakeSerial({2024, 1, 3, 12, 0, 0}))), (DateParts{2024, 1, 3, 10, 0, 0}));

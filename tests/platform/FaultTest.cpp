@@ -51,6 +51,11 @@ TEST_F(FaultLines, StandsUpToItsBoundAndIsDeletedWhenALineCrossesIt) {
   TakeFaults();
 }
 
+TEST_F(FaultLines, BearTheSecondThatHasBegun) {
+  clock.SetUtc(MakeSerial({2024, 6, 1, 23, 59, 59}) + 0.9 / kSecondsPerDay);
+  EXPECT_EQ(ErrorLogLine("Overflow", "x"), "2.02 01/06/2024 - 23:59:59 - Overflow - x");
+}
+
 TEST_F(FaultLines, FaultsBeforeTheFolderIsKnownAreHeldAndWrittenWhenItIs) {
   AppDir.clear();
   ErrorTrap("File not found", "Main Form Load");

@@ -40,6 +40,15 @@ TEST_F(WidgetTests, TheClockRunsByItselfOnLocalTime) {
   EXPECT_EQ(led.Text(), "14:01:01");
 }
 
+TEST_F(WidgetTests, TheClockShowsASecondUntilTheNextOneBegins) {
+  clock.SetOffsetHours(2);
+  clock.SetUtc(MakeSerial({2024, 6, 1, 21, 59, 59}) + 0.9 / kSecondsPerDay);
+  LedClockWidget led;
+  EXPECT_EQ(led.Text(), "23:59:59");
+  led.ShowUniversalTime(true);
+  EXPECT_EQ(led.Text(), "21:59:59");
+}
+
 TEST_F(WidgetTests, TheClockShowsUniversalTimeWhenTold) {
   clock.SetOffsetHours(2);
   LedClockWidget led;

@@ -262,6 +262,14 @@ TEST_F(TableLabels, TheHeightStandsAsItIsStored) {
   EXPECT_EQ(Label(TableLabel::kHeight), "12,5 or so mtrs ");
 }
 
+TEST_F(TableLabels, ATickLateInASecondShowsThatSecond) {
+  clock.SetUtc(platform::MakeSerial({2026, 11, 15, 23, 59, 58}) + 0.9 / platform::kSecondsPerDay);
+  OpenTable();
+  Second();
+  EXPECT_EQ(Label(TableLabel::kGmt), "23:59:59") << "not the next day yet";
+  EXPECT_EQ(Label(TableLabel::kLocalTime), "23:59:59");
+}
+
 TEST_F(TableLabels, FollowTheTwoClocks) {
   clock.SetUtc({2026, 11, 15, 23, 59, 58});
   clock.SetOffsetHours(5.5);

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/ClockFace.h"
 #include "platform/Doors.h"
 #include "platform/Format.h"
 #include "platform/qt/ImageSurface.h"
@@ -129,7 +130,7 @@ void LedClockWidget::Refresh() {
   SerialDate time = value_;
   if (!given_) {
     const ClockReading now = TheClock().Read();
-    time = utc_ ? now.utc : now.local;
+    time = CutToSecond(utc_ ? now.utc : now.local);
   }
   const std::string text = Format(time, "hh:mm:ss");
   if (text == text_) return;
