@@ -6,6 +6,7 @@
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 #include "store/ElementFiles.h"
 #include "store/GroupTable.h"
@@ -15,7 +16,7 @@ namespace kestrava::panels {
 namespace {
 
 std::string Quoted(std::string_view text) {
-  return '"' + std::string(text) + '"';
+  return '"' + platform::QuoteOf(text) + '"';
 }
 
 bool HasItsFile(const orbit::GroupRec& group) {

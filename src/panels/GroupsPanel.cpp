@@ -7,6 +7,7 @@
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 #include "store/ElementFiles.h"
 #include "store/FavouriteTable.h"
@@ -68,7 +69,8 @@ std::string NotSavedText() {
 
 std::string UnknownText(const std::vector<std::string>& names) {
   std::string text = "These favourites are not known yet, as their file came after the start: ";
-  for (std::size_t i = 0; i < std::min(names.size(), kUnknownNamed); ++i) text += (i > 0 ? ", " : "") + names[i];
+  for (std::size_t i = 0; i < std::min(names.size(), kUnknownNamed); ++i)
+    text += (i > 0 ? ", " : "") + platform::QuoteOf(names[i]);
   if (names.size() > kUnknownNamed) text += " and " + std::to_string(names.size() - kUnknownNamed) + " more";
   return text + ". They are tracked from the next start on.\n\nStart Kestrava anew now?";
 }
@@ -127,7 +129,8 @@ void GroupsPanel::ListGroup(const orbit::GroupRec& group) {
   const std::string file = store::ElementFileOf(group);
   const std::uint64_t listing = ++listings_;
   if (!platform::FileExists(platform::InAppDir(file))) {
-    TheMessages().Show(group.Name + " satellite group keps are not updated yet, the keplerian file doesn't exist");
+    TheMessages().Show(platform::QuoteOf(group.Name) +
+                       " satellite group keps are not updated yet, the keplerian file doesn't exist");
     return;
   }
   TickListControl& list = view_.SatelliteList();
@@ -225,7 +228,8 @@ void GroupsPanel::MakePrimeClicked() {
   }
   trap([&] {
     const std::string old = store::MakePrimaryFavourite(tables_, name);
-    TheMessages().Show("Primary Favourite Satellite changed from " + old + " to " + name);
+    TheMessages().Show("Primary Favourite Satellite changed from " + platform::QuoteOf(old) + " to " +
+                       platform::QuoteOf(name));
   });
 }
 

@@ -5,6 +5,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 
 namespace kestrava::platform {
@@ -34,9 +35,9 @@ bool RunUntrapped(std::string_view what, const std::function<void()>& body, Untr
     body();
     return true;
   } catch (const Fault& fault) {
-    Tell(name, std::string(fault.what()) + " (fault " + std::to_string(fault.Number()) + ")", kind);
+    Tell(name, QuoteOf(fault.what()) + " (fault " + std::to_string(fault.Number()) + ")", kind);
   } catch (const std::exception& failure) {
-    Tell(name, failure.what(), kind);
+    Tell(name, QuoteOf(failure.what()), kind);
   }
   return false;
 }

@@ -5,6 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "store/ElementFiles.h"
@@ -52,7 +53,8 @@ GroupRead AddSatellitesOfGroup(const orbit::Tables& tables, std::string_view gro
                                const std::function<bool()>& stopped) {
   const std::string file = ElementFileOfGroup(tables, groupName);
   if (!platform::FileExists(platform::InAppDir(file))) {
-    platform::TheMessages().Show(file + " satellite group keps are not updated yet, the keplerian file doesn't exist");
+    platform::TheMessages().Show(platform::QuoteOf(file) +
+                                 " satellite group keps are not updated yet, the keplerian file doesn't exist");
     return GroupRead::kMissing;
   }
   platform::TextReader reader(platform::InAppDir(file));

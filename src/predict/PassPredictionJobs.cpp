@@ -4,6 +4,7 @@
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Messages.h"
+#include "platform/Quote.h"
 #include "predict/JobWindows.h"
 #include "predict/PassPrediction.h"
 #include "predict/PassWizard.h"
@@ -32,7 +33,7 @@ class JobFlag {
 };
 
 std::string Quoted(const std::string& job) {
-  return "The job '" + job + "'";
+  return "The job '" + platform::QuoteOf(job) + "'";
 }
 
 /// Takes a job out of the file, or says why that cannot be.
