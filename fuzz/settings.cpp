@@ -3,20 +3,31 @@
 
 #include "Fuzz.h"
 
-using kestrava::platform::SettingsFromText;
-using kestrava::platform::SettingsToText;
+using kestrava::platform::SettingsText;
+
+namespace {
+
+void CheckSame(const SettingsText& a, const SettingsText& b) {
+  kestrava::fuzz::Check(a.Values().size() == b.Values().size(), "no setting is lost or made");
+  for (const auto& [key, value] : a.Values()) {
+    const auto entry = b.Values().find(key);
+    kestrava::fuzz::Check(entry != b.Values().end() && entry->second == value, "each value comes back");
+  }
+}
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const auto settings = SettingsFromText(kestrava::fuzz::TextOf(data, size));
+  const auto settings = SettingsText::Parse(kestrava::fuzz::TextOf(data, size));
   if (!settings) return 0;
-  const std::string text = SettingsToText(*settings);
-  const auto again = SettingsFromText(text);
-  kestrava::fuzz::Check(again.has_value(), "a file that we wrote is not damaged");
-  kestrava::fuzz::Check(again->size() == settings->size(), "no setting is lost or made");
-  for (const auto& [key, value] : *settings) {
-    const auto entry = again->find(key);
-    kestrava::fuzz::Check(entry != again->end() && entry->second == value, "each value comes back");
-  }
-  kestrava::fuzz::Check(SettingsToText(*again) == text, "writing again writes the same");
+  const auto again = SettingsText::Parse(settings->Bytes());
+  kestrava::fuzz::Check(again.has_value(), "a file that we wrote is no damaged one");
+  CheckSame(*settings, *again);
+  kestrava::fuzz::Check(again->Bytes() == settings->Bytes(), "writing again writes the same");
+  SettingsText written = *settings;
+  for (const auto& [key, value] : settings->Values()) written.Set(key, value);
+  const auto read = SettingsText::Parse(written.Bytes());
+  kestrava::fuzz::Check(read.has_value(), "a file of settings that were set is no damaged one");
+  CheckSame(*settings, *read);
   return 0;
 }

@@ -52,6 +52,11 @@ void TellDamagedSettings(const fs::path& setAside) {
   });
 }
 
+/// What the user has written into the settings by hand and nobody understands: told where he looks for faults.
+void TellOddSetting(const std::string& oddity) {
+  platform::ErrorTrap(std::string(kSettingsFile) + ": " + oddity, "Settings");
+}
+
 /// Everything of the machine that a run works with. Made once; the windows are gone before it is.
 struct Machine {
   fs::path settingsFolder = platform::ConfigHome() / kSettingsFolder;
@@ -60,7 +65,7 @@ struct Machine {
   platform::SystemRandom random;
   platform::PosixFiles files;
   platform::SilentSpeech silence;
-  platform::XdgSettings settings{settingsFolder, clock, TellDamagedSettings};
+  platform::XdgSettings settings{settingsFolder, clock, TellDamagedSettings, TellOddSetting};
   platform::qt::QtEventLoop eventLoop;
   platform::qt::QtMessages messages;
   platform::qt::QtOpener opener;

@@ -88,7 +88,10 @@ platform::Doors Station::DoorsOver() {
 platform::SettingsMap Station::ReadSettings(const std::filesystem::path& file) {
   try {
     if (!files_.Exists(file)) return {};
-    if (auto settings = platform::SettingsFromText(files_.Read(file))) return std::move(*settings);
+    if (const auto settings = platform::SettingsText::Parse(files_.Read(file))) {
+      for (const auto& oddity : settings->Oddities()) Note(file.string() + ": " + oddity.Text());
+      return settings->Values();
+    }
     Note("the settings in " + file.string() + " are damaged; first settings serve");
   } catch (const platform::Fault& fault) {
     Note("the settings in " + file.string() + " cannot be read (" + fault.what() + "); first settings serve");

@@ -67,12 +67,21 @@ TEST_F(ReadOnly, WithoutAFolderTheShippedDataServeUnseeded) {
 }
 
 TEST_F(ReadOnly, DamagedSettingsAreToldAndLeftAlone) {
-  PutSettings("no equals sign");
+  const std::string noText(20, '\0');
+  PutSettings(noText);
   const Answer answer = Run({"where", "25544", "--format", "json"});
   EXPECT_EQ(answer.code, 0);
   EXPECT_NE(answer.err.find("damaged"), std::string::npos);
   EXPECT_EQ(answer.OutAsJson()["observer"]["latitude_north_deg"], 0.0);
-  EXPECT_EQ(files.Content("/config/settings.conf"), "no equals sign");
+  EXPECT_EQ(files.Content("/config/settings.conf"), noText);
+}
+
+TEST_F(ReadOnly, ALineOfTheSettingsThatIsNoneIsToldAndCostsItselfAlone) {
+  PutSettings("# mine\nLatitude = 47\nLongitude = 351\nno equals sign\n");
+  const Answer answer = Run({"where", "25544", "--format", "json"});
+  EXPECT_EQ(answer.code, 0);
+  EXPECT_NE(answer.err.find("line 4 is no setting: 'no equals sign'"), std::string::npos) << answer.err;
+  EXPECT_EQ(answer.OutAsJson()["observer"]["latitude_north_deg"], 47.0);
 }
 
 TEST_F(ReadOnly, ASettingThatIsNoNumberIsNamed) {

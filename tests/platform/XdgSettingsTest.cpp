@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -39,13 +40,15 @@ class RealSettings : public ::testing::Test {
     return names;
   }
   std::unique_ptr<XdgSettings> Open() {
-    return std::make_unique<XdgSettings>(folder / "kestrava", clock,
-                                         [this](const fs::path& aside) { reports.push_back(aside); });
+    return std::make_unique<XdgSettings>(
+        folder / "kestrava", clock, [this](const fs::path& aside) { reports.push_back(aside); },
+        [this](const std::string& oddity) { oddities.push_back(oddity); });
   }
 
   kestrava::testing::TempFolder folder;
   kestrava::testing::ScriptedClock clock;
   std::vector<fs::path> reports;
+  std::vector<std::string> oddities;
 };
 
 TEST_F(RealSettings, AReadMakesNoFile) {
@@ -73,16 +76,20 @@ TEST_F(RealSettings, EveryTextComesBackAsItWas) {
                              "# no remark",
                              std::string("a\0b", 3),
                              "51,5",
-                             "\xEF\xBB\xBFmarked"};
+                             "\xEF\xBB\xBFmarked",
+                             "#",
+                             "\t \\ "};
   auto store = Open();
   for (std::size_t i = 0; i < std::size(odd); ++i) {
     store->Set("value" + std::to_string(i), odd[i]);
     store->Set("key " + odd[i] + " end", std::to_string(i));
+    store->Set(odd[i] + "i" + std::to_string(i) + odd[i], std::to_string(i));
   }
   store = Open();
   for (std::size_t i = 0; i < std::size(odd); ++i) {
     EXPECT_EQ(store->Get("value" + std::to_string(i)), odd[i]) << i;
     EXPECT_EQ(store->Get("key " + odd[i] + " end"), std::to_string(i)) << i;
+    EXPECT_EQ(store->Get(odd[i] + "i" + std::to_string(i) + odd[i]), std::to_string(i)) << i;
   }
   EXPECT_TRUE(reports.empty());
 }
@@ -120,8 +127,77 @@ TEST_F(RealSettings, AFileFromAnotherEditorIsRead) {
   PutText("\xEF\xBB\xBFSkin=0\r\n\r\n Miles=1\r\nskin=1");
   const auto store = Open();
   EXPECT_EQ(store->Get("Skin"), "1") << "the last line of a key counts";
-  EXPECT_EQ(store->Get(" Miles"), "1");
+  EXPECT_EQ(store->Get("Miles"), "1") << "blanks around a key are no part of it";
   EXPECT_TRUE(reports.empty());
+}
+
+TEST_F(RealSettings, WhatAUserWritesByHandCostsNothingButItselfAndStaysInItsPlace) {
+  const std::string head = "# My station\n\n  Miles = 1 \n";
+  const std::string rest = "Location Name=Z\xFCrich\nLatitude 47\n# the balcony\nSkin=0\n";
+  PutText(head + rest);
+  auto store = Open();
+  EXPECT_TRUE(oddities.empty()) << "whoever makes the store cannot be told anything yet";
+  EXPECT_EQ(store->Get("Miles"), "1") << "a blank in front of the sign: those around the value are none of it";
+  EXPECT_EQ(store->Get("Location Name"), "Zürich");
+  EXPECT_EQ(store->Get("Skin"), "0");
+  EXPECT_EQ(store->Get("Latitude"), "");
+  store->Set("MapFile", "a");
+  store->Set("Skin", "1");
+  EXPECT_EQ(Text(), head + "Location Name=Z\xFCrich\nMapFile=a\nLatitude 47\n# the balcony\nSkin=1\n");
+  EXPECT_EQ(Open()->Get("Location Name"), "Zürich");
+  EXPECT_TRUE(reports.empty()) << "nothing was set aside";
+}
+
+TEST_F(RealSettings, ALineThatSaysNothingIsNamedOnceInARunWithItsNumber) {
+  PutText("Skin=0\nLatitude 47\nLocation Name=Z\xFCrich\n# a remark\n");
+  const auto store = Open();
+  store->Get("Skin");
+  const std::vector<std::string> told = {"line 2 is no setting: 'Latitude 47'",
+                                         "line 3 is not UTF-8 and was read as Latin-1: 'Location Name=Zürich'"};
+  EXPECT_EQ(oddities, told);
+  for (const char* key : {"A", "B", "Miles"}) store->Set(key, "1");
+  store->Get("Skin");
+  EXPECT_EQ(oddities, told) << "though its number is another one now";
+}
+
+TEST_F(RealSettings, WhatTheUserHasWrittenAboveTheFirstSettingStaysThere) {
+  PutText("# Mine\nMiles=1\n");
+  Open()->Set("AutoSelect", "1");
+  EXPECT_EQ(Text(), "# Mine\nMiles=1\nAutoSelect=1\n");
+  PutText("# Mine alone\n");
+  Open()->Set("Miles", "1");
+  EXPECT_EQ(Text(), "# Mine alone\nMiles=1\n");
+}
+
+TEST_F(RealSettings, OfTwoLinesOfOneKeyTheLastOneIsWritten) {
+  PutText("Skin=0\nMiles=1\nskin=1\n");
+  Open()->Set("Skin", "0");
+  EXPECT_EQ(Text(), "Skin=0\nMiles=1\nskin=0\n");
+  EXPECT_EQ(Open()->Get("Skin"), "0");
+}
+
+TEST_F(RealSettings, ALockFileThatIsCutWhileWeRunEndsNothingAndLosesNoChange) {
+  auto first = Open();
+  first->Set("Miles", "1");
+  auto second = Open();
+  EXPECT_EQ(second->Get("Miles"), "1");
+  fs::resize_file(File().parent_path() / "settings.lock", 0);
+  EXPECT_EQ(first->Get("Miles"), "1");
+  first->Set("Miles", "0");
+  EXPECT_EQ(second->Get("Miles"), "0");
+  fs::resize_file(File().parent_path() / "settings.lock", 3);
+  second->Set("Miles", "1");
+  EXPECT_EQ(first->Get("Miles"), "1");
+}
+
+TEST_F(RealSettings, APipeInPlaceOfTheFilesIsNotWaitedFor) {
+  fs::create_directories(File().parent_path());
+  ASSERT_EQ(::mkfifo(File().c_str(), 0600), 0);
+  ASSERT_EQ(::mkfifo((File().parent_path() / "settings.lock").c_str(), 0600), 0);
+  auto store = Open();
+  EXPECT_EQ(store->Get("Miles"), "");
+  EXPECT_THROW(store->Set("Miles", "1"), Fault);
+  EXPECT_TRUE(fs::is_fifo(File())) << "it is not ours to replace";
 }
 
 TEST_F(RealSettings, TheFileIsTheUsersOwn) {
@@ -129,8 +205,11 @@ TEST_F(RealSettings, TheFileIsTheUsersOwn) {
   EXPECT_EQ(fs::status(File()).permissions(), fs::perms::owner_read | fs::perms::owner_write);
 }
 
-TEST_F(RealSettings, ADamagedFileIsSetAsideUnderADatedNameAndSaidOnce) {
-  const std::string damaged[] = {"Skin=1\nno sign\n", std::string("Skin=1\n\0\n", 9), "Skin=\xFF\xFE\n", "\\=x"};
+TEST_F(RealSettings, AFileThatIsNoTextIsSetAsideUnderADatedNameAndSaidOnce) {
+  const std::string damaged[] = {std::string("Skin=1\n\0\n", 9), std::string(433, '\0'),
+                                 std::string("S\0k\0i\0n\0=\0"
+                                             "1\0",
+                                             12)};
   for (const std::string& text : damaged) {
     fs::remove_all(folder / "kestrava");
     reports.clear();
@@ -149,9 +228,9 @@ TEST_F(RealSettings, ADamagedFileIsSetAsideUnderADatedNameAndSaidOnce) {
 }
 
 TEST_F(RealSettings, TwoDamagedFilesOfOneMomentAreBothKept) {
-  PutText("first");
+  PutText(std::string("first\0", 6));
   Open();
-  PutText("second");
+  PutText(std::string("second\0", 7));
   Open();
   EXPECT_EQ(Names(), (std::vector<std::string>{"settings.conf.damaged-2024-06-01-12-00-00",
                                                "settings.conf.damaged-2024-06-01-12-00-00-2", "settings.lock"}));
@@ -160,7 +239,7 @@ TEST_F(RealSettings, TwoDamagedFilesOfOneMomentAreBothKept) {
 TEST_F(RealSettings, AFileDamagedWhileWeRunIsSetAsideAtTheNextWrite) {
   auto store = Open();
   store->Set("Skin", "0");
-  PutText("damaged");
+  PutText(std::string(7, '\0'));
   store->Set("Miles", "1");
   EXPECT_EQ(Text(), "Miles=1\n");
   EXPECT_EQ(reports.size(), 1U);

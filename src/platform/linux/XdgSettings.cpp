@@ -1,18 +1,19 @@
 #include "platform/linux/XdgSettings.h"
 
-#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <ctime>
 #include <optional>
+#include <set>
 #include <utility>
+#include <vector>
 
 #include <fcntl.h>
 #include <sys/file.h>
-#include <sys/mman.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "platform/ClockFace.h"
 #include "platform/SerialDate.h"
 #include "platform/SettingsText.h"
 
@@ -23,9 +24,6 @@ namespace kestrava::platform {
 namespace fs = std::filesystem;
 
 namespace {
-
-using Counter = std::atomic<std::uint64_t>;
-static_assert(Counter::is_always_lock_free && sizeof(Counter) == 8, "the counter is shared between processes");
 
 /// What tells one state of the file from another.
 struct FileStamp {
@@ -50,13 +48,13 @@ std::int64_t CoarseMs() {
   return static_cast<std::int64_t>(now.tv_sec) * 1000 + now.tv_nsec / 1000000;
 }
 
-/// The lock file of all running copies. Its first bytes, mapped into the memory of each, count their writes.
+/// The lock file of all running copies. Its first bytes count their writes. They are read by calls and never mapped
+/// into memory: a backup may cut the file while it is in use, and a look at what was cut off would end the process.
 class SharedLock {
  public:
+  using Count = std::uint64_t;
+
   explicit SharedLock(fs::path file) : file_(std::move(file)) {}
-  ~SharedLock() { Unmap(); }
-  SharedLock(const SharedLock&) = delete;
-  SharedLock& operator=(const SharedLock&) = delete;
 
   /// Opens the lock file if it can be; without one the store still works, by the stamps of the file alone.
   void Open(bool create) {
@@ -66,12 +64,11 @@ class SharedLock {
         held.st_ino == onDisk.st_ino && held.st_dev == onDisk.st_dev) {
       return;
     }
-    Unmap();
-    fd_ = Descriptor(::open(file_.c_str(), O_RDWR | O_CLOEXEC | (create ? O_CREAT : 0), 0600));
-    if (!fd_.IsOpen() || ::fstat(fd_.Get(), &held) != 0) return;
-    if (::posix_fallocate(fd_.Get(), 0, sizeof(Counter)) != 0) return;  // a hole on a full disk would be a bus error
-    void* memory = ::mmap(nullptr, sizeof(Counter), PROT_READ | PROT_WRITE, MAP_SHARED, fd_.Get(), 0);
-    if (memory != MAP_FAILED) counter_ = static_cast<Counter*>(memory);
+    try {
+      fd_ = Descriptor();
+      fd_ = OpenFile(file_, O_RDWR | (create ? O_CREAT : 0), 0600);
+    } catch (const Fault&) {
+    }
   }
 
   bool Lock() {
@@ -83,21 +80,29 @@ class SharedLock {
   }
   void Unlock() { ::flock(fd_.Get(), LOCK_UN); }
 
-  bool Counts() const { return counter_ != nullptr; }
-  std::uint64_t Count() const { return counter_ ? counter_->load(std::memory_order_acquire) : 0; }
+  /// @return none while nobody counts: no file, or one that was cut
+  std::optional<Count> Writes() const {
+    Count count = 0;
+    const bool whole = fd_.IsOpen() && ::pread(fd_.Get(), &count, sizeof count, 0) == ssize_t{sizeof count};
+    return whole ? std::optional(count) : std::nullopt;
+  }
+
+  /// Needs the lock. Where it cannot be written (a full disk) the others see the change by the file's stamp.
   void Add() {
-    if (counter_) counter_->fetch_add(1, std::memory_order_acq_rel);
+    const Count count = Writes().value_or(NewStart()) + 1;
+    if (fd_.IsOpen() && ::pwrite(fd_.Get(), &count, sizeof count, 0) != ssize_t{sizeof count}) return;
   }
 
  private:
-  void Unmap() {
-    if (counter_) ::munmap(static_cast<void*>(counter_), sizeof(Counter));
-    counter_ = nullptr;
+  /// A count that was lost must not come to a number that somebody has seen: it goes on from the moment of the loss.
+  Count NewStart() const {
+    struct stat status {};
+    if (::fstat(fd_.Get(), &status) != 0) return 0;
+    return static_cast<Count>(status.st_mtim.tv_sec) * 1000000000 + static_cast<Count>(status.st_mtim.tv_nsec);
   }
 
   fs::path file_;
   Descriptor fd_;
-  Counter* counter_ = nullptr;
 };
 
 class LockHeld {
@@ -118,11 +123,12 @@ class LockHeld {
 
 class XdgSettings::Store {
  public:
-  Store(fs::path folder, Clock& clock, DamageReport report)
+  Store(fs::path folder, Clock& clock, DamageReport report, OddityReport tellOddity)
       : folder_(std::move(folder)),
         file_(folder_ / "settings.conf"),
         clock_(clock),
         report_(std::move(report)),
+        tellOddity_(std::move(tellOddity)),
         lock_(folder_ / "settings.lock") {
     lock_.Open(false);
     LoadForReading();
@@ -130,15 +136,15 @@ class XdgSettings::Store {
 
   std::string Get(std::string_view key) {
     RefreshIfChanged();
-    ReportDamage();
-    const auto entry = settings_.find(key);
-    return entry == settings_.end() ? std::string() : entry->second;
+    Report();
+    const auto entry = text_.Values().find(key);
+    return entry == text_.Values().end() ? std::string() : entry->second;
   }
 
   void Set(std::string_view key, std::string_view value) {
     RefreshIfChanged();
     if (!Stands(key, value)) Write(key, value);
-    ReportDamage();
+    Report();
   }
 
  private:
@@ -147,17 +153,18 @@ class XdgSettings::Store {
   static constexpr std::int64_t kLookIntervalMs = 100;
 
   bool Stands(std::string_view key, std::string_view value) const {
-    const auto entry = settings_.find(key);
-    return entry != settings_.end() && entry->second == value;
+    const auto entry = text_.Values().find(key);
+    return entry != text_.Values().end() && entry->second == value;
   }
 
   void RefreshIfChanged() {
     const std::int64_t now = CoarseMs();
-    const bool counted = lock_.Count() != seenCount_;
-    if (!counted && lock_.Counts() && now - lookedMs_ < kLookIntervalMs) return;
+    const auto writes = lock_.Writes();
+    const bool counted = writes != seenWrites_;
+    if (!counted && writes && now - lookedMs_ < kLookIntervalMs) return;
     lookedMs_ = now;
     lock_.Open(false);
-    if (counted || lock_.Count() != seenCount_ || StampOf(file_) != seen_) LoadForReading();
+    if (counted || lock_.Writes() != seenWrites_ || StampOf(file_) != seen_) LoadForReading();
   }
 
   /// A file that cannot be read now leaves the values as they are known.
@@ -178,15 +185,20 @@ class XdgSettings::Store {
   }
 
   void Remember() {
-    seenCount_ = lock_.Count();
+    seenWrites_ = lock_.Writes();
     seen_ = StampOf(file_);
     lookedMs_ = CoarseMs();
   }
 
-  void ReportDamage() {
-    if (!setAside_ || reported_) return;
-    reported_ = true;
-    if (report_) report_(*setAside_);
+  void Report() {
+    if (setAside_ && !reported_) {
+      reported_ = true;
+      if (report_) report_(*setAside_);
+    }
+    if (untold_.empty()) return;
+    for (const std::string& oddity : std::exchange(untold_, {})) {
+      if (tellOddity_) tellOddity_(oddity);
+    }
   }
 
   void Write(std::string_view key, std::string_view value);
@@ -199,12 +211,15 @@ class XdgSettings::Store {
   fs::path file_;
   Clock& clock_;
   DamageReport report_;
+  OddityReport tellOddity_;
   std::optional<fs::path> setAside_;
   bool reported_ = false;
   SharedLock lock_;
-  SettingsMap settings_;
+  SettingsText text_;
+  std::set<std::string> told_;  // oddities of the run so far
+  std::vector<std::string> untold_;
   FileStamp seen_;
-  std::uint64_t seenCount_ = 0;
+  std::optional<SharedLock::Count> seenWrites_;
   std::int64_t lookedMs_ = 0;
 };
 
@@ -216,28 +231,26 @@ void XdgSettings::Store::Write(std::string_view key, std::string_view value) {
   const LockHeld held(lock_);
   LoadOrSetAside();
   if (Stands(key, value)) return;
-  SettingsMap changed = settings_;
-  const auto entry = changed.find(key);
-  if (entry == changed.end()) {
-    changed.emplace(key, value);
-  } else {
-    entry->second = value;
-  }
-  ReplaceAtomically(file_, SettingsToText(changed), 0600);
-  settings_ = std::move(changed);
+  SettingsText changed = text_;
+  changed.Set(key, value);
+  ReplaceAtomically(file_, changed.Bytes(), 0600);
+  text_ = std::move(changed);
   lock_.Add();
   Remember();
 }
 
 bool XdgSettings::Store::Load() {
-  seenCount_ = lock_.Count();  // before the file: a write in between is seen at the next look
+  seenWrites_ = lock_.Writes();  // before the file: a write in between is seen at the next look
   seen_ = StampOf(file_);
   if (!seen_.exists) {
-    settings_.clear();
+    text_ = {};
     return true;
   }
-  auto loaded = SettingsFromText(ReadAll(OpenFile(file_, O_RDONLY).Get()));
-  settings_ = loaded ? std::move(*loaded) : SettingsMap();
+  auto loaded = SettingsText::Parse(ReadAll(OpenFile(file_, O_RDONLY).Get()));
+  text_ = loaded ? std::move(*loaded) : SettingsText();
+  for (const SettingsText::Oddity& oddity : text_.Oddities()) {
+    if (told_.insert(oddity.what).second) untold_.push_back(oddity.Text());  // its number changes with lines above it
+  }
   return loaded.has_value();
 }
 
@@ -250,7 +263,7 @@ void XdgSettings::Store::SetAside() {
 }
 
 fs::path XdgSettings::Store::NameAside() const {
-  const DateParts now = SplitSerial(clock_.Read().local);
+  const DateParts now = SplitSerial(CutToSecond(clock_.Read().local));
   std::string name = file_.string() + ".damaged-" + std::to_string(now.year);
   for (const int part : {now.month, now.day, now.hour, now.minute, now.second}) {
     name += (part < 10 ? "-0" : "-") + std::to_string(part);
@@ -260,8 +273,8 @@ fs::path XdgSettings::Store::NameAside() const {
   return free;
 }
 
-XdgSettings::XdgSettings(fs::path folder, Clock& clock, DamageReport report)
-    : store_(std::make_unique<Store>(std::move(folder), clock, std::move(report))) {}
+XdgSettings::XdgSettings(fs::path folder, Clock& clock, DamageReport report, OddityReport tellOddity)
+    : store_(std::make_unique<Store>(std::move(folder), clock, std::move(report), std::move(tellOddity))) {}
 
 XdgSettings::~XdgSettings() = default;
 
