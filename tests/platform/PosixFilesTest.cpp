@@ -93,8 +93,11 @@ TEST_F(RealFiles, MissingThingsHaveTheirFaults) {
   EXPECT_EQ(FaultOf([&] { files.Remove(folder / "none.dat"); }), "File not found");
   EXPECT_EQ(FaultOf([&] { files.Size(folder / "none.dat"); }), "File not found");
   EXPECT_EQ(FaultOf([&] { files.ModifiedLocal(folder / "none.dat"); }), "File not found");
-  EXPECT_EQ(FaultOf([&] { files.Append("/dev/full", "x"); }), "Disk full");
   Put(folder / "a.dat", "x");
+  {
+    const FileSizeLimit full(1);
+    EXPECT_EQ(FaultOf([&] { files.Append(folder / "a.dat", "x"); }), "Disk full");
+  }
   EXPECT_EQ(FaultOf([&] { files.Copy(folder / "a.dat", folder / "gone" / "a.dat"); }), "Disk not ready");
   EXPECT_EQ(FaultOf([&] { files.MakeFolder(folder / "a.dat" / "b"); }), "Path not found");
 }
@@ -195,7 +198,20 @@ TEST_F(RealFiles, ListsPlainFilesInOrder) {
   EXPECT_TRUE(files.FolderExists(folder / "C.TXT"));
 }
 
+TEST_F(RealFiles, APipeOrADeviceWhereAFileShouldBeIsRefusedAndNotWaitedFor) {
+  ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+  fs::create_symlink("/dev/zero", folder / "zeros");
+  for (const char* name : {"pipe", "zeros"}) {
+    EXPECT_EQ(FaultOf([&] { files.Read(folder / name); }), "Path/File access error") << name;
+    EXPECT_EQ(FaultOf([&] { files.Append(folder / name, "x"); }), "Path/File access error") << name;
+    EXPECT_EQ(FaultOf([&] { files.Replace(folder / name, "x"); }), "Path/File access error") << name;
+    EXPECT_EQ(FaultOf([&] { files.Copy(folder / name, folder / "copy"); }), "Path/File access error") << name;
+    EXPECT_FALSE(fs::is_regular_file(folder / name)) << "it is not ours to replace";
+  }
+}
+
 TEST(RemovableMedia, AreDevicesMountedWritableWhereMediaGo) {
+  const auto isStick = [](const std::string& device) { return device == "/dev/sdd1"; };
   EXPECT_EQ(RemovableMounts("/dev/vda / ext4 rw 0 0\n"
                             "/dev/sdb1 /media/user/MY\\040STICK vfat rw,nosuid 0 0\n"
                             "/dev/sdc1 /run/media/user/card exfat rw 0 0\n"
@@ -204,8 +220,31 @@ TEST(RemovableMedia, AreDevicesMountedWritableWhereMediaGo) {
                             "tmpfs /mnt/tools tmpfs rw 0 0\n"
                             "server:/x /mnt/net nfs rw 0 0\n"
                             "/dev/sde1 /mnt2 ext4 rw 0 0\n"
-                            "broken line\n"),
+                            "/dev/nvme0n1p5 /mnt/archive ext4 rw 0 0\n"
+                            "broken line\n",
+                            isStick),
             (std::vector<fs::path>{"/media/user/MY STICK", "/run/media/user/card", "/mnt"}));
+}
+
+TEST(RemovableMedia, ADeviceCanBeTakenOutIfItsDiskSaysSoOrHangsOnUsbOrInACardSlot) {
+  const kestrava::testing::TempFolder folder;
+  const auto put = [&](const fs::path& disk, const std::string& partition, const char* removable) {
+    fs::create_directories(folder / "devices" / disk / partition);
+    std::ofstream(folder / "devices" / disk / "removable") << removable;
+    fs::create_directories(folder / "block");
+    fs::create_symlink(folder / "devices" / disk, folder / "block" / disk.filename());
+    fs::create_symlink(folder / "devices" / disk / partition, folder / "block" / partition);
+  };
+  put("pci/ata1/block/sda", "sda1", "0\n");
+  put("pci/usb2/block/sdb", "sdb1", "0\n");
+  put("pci/ata2/block/sdc", "sdc1", "1\n");
+  put("platform/mmc_host/block/mmcblk0", "mmcblk0p1", "0\n");
+  for (const char* device : {"/dev/sdb1", "/dev/sdc1", "/dev/sdc", "/dev/mmcblk0p1"}) {
+    EXPECT_TRUE(CanBeTaken(folder / "block", device)) << device;
+  }
+  for (const char* device : {"/dev/sda1", "/dev/sda", "/dev/none1"}) {
+    EXPECT_FALSE(CanBeTaken(folder / "block", device)) << device;
+  }
 }
 
 TEST(RemovableMedia, MountsThatAreGoneAreNotListed) {

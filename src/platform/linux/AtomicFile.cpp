@@ -53,7 +53,19 @@ bool Descriptor::Close() {
   return fd < 0 || ::close(fd) == 0;
 }
 
+namespace {
+
+/// A pipe would be waited for until somebody takes its other end, and a device may do anything.
+void RefuseWhatIsNoFile(const std::filesystem::path& file) {
+  struct stat there {};
+  if (::stat(file.c_str(), &there) != 0) return;
+  if (!S_ISREG(there.st_mode) && !S_ISDIR(there.st_mode)) throw Fault::PathFileAccess();
+}
+
+}  // namespace
+
 Descriptor OpenFile(const std::filesystem::path& file, int flags, mode_t mode) {
+  RefuseWhatIsNoFile(file);
   int fd = -1;
   do {
     fd = ::open(file.c_str(), flags | O_CLOEXEC, mode);
@@ -122,7 +134,7 @@ void ReplaceAtomically(const std::filesystem::path& file, std::string_view conte
   try {
     struct stat old {};
     if (::stat(file.c_str(), &old) == 0) {
-      if (S_ISDIR(old.st_mode)) throw Fault::PathFileAccess();
+      if (!S_ISREG(old.st_mode)) throw Fault::PathFileAccess();
       KeepPermissions(fd.Get(), old.st_mode);
     }
     WriteAll(fd.Get(), content);

@@ -37,7 +37,7 @@ class Descriptor {
   int fd_;
 };
 
-/// @throws Fault
+/// A plain file or a folder; anything else that stands there is refused and never waited for. @throws Fault
 Descriptor OpenFile(const std::filesystem::path& file, int flags, mode_t mode = 0666);
 std::string ReadAll(int fd);
 void WriteAll(int fd, std::string_view content);
@@ -46,7 +46,8 @@ void WriteAll(int fd, std::string_view content);
 void FlushFolder(const std::filesystem::path& folder);
 
 /// Writes beside the file, flushes, renames over, flushes the folder: a kill at any moment leaves the old or the new
-/// file whole. An old file's permissions are kept. @throws Fault; the old file is then whole
+/// file whole. An old file's permissions are kept; what is no plain file is not
+/// replaced. @throws Fault; the old file is then whole
 /// @param mode  permissions of a new file
 void ReplaceAtomically(const std::filesystem::path& file, std::string_view content, mode_t mode = 0666);
 

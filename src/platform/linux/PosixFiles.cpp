@@ -98,8 +98,14 @@ bool IsOfADeadProcess(std::string_view name) {
   return hasNumber && ::kill(process, 0) != 0 && errno == ESRCH;
 }
 
+/// Where desktops mount what the user puts in.
 bool IsMediaFolder(std::string_view path) {
-  return path == "/mnt" || BeginsWith(path, "/mnt/") || BeginsWith(path, "/media/") || BeginsWith(path, "/run/media/");
+  return BeginsWith(path, "/media/") || BeginsWith(path, "/run/media/");
+}
+
+/// Where users mount by hand: sticks and floppies, but the machine's other disks as well.
+bool IsMountFolder(std::string_view path) {
+  return path == "/mnt" || BeginsWith(path, "/mnt/");
 }
 
 }  // namespace
@@ -225,12 +231,29 @@ void PosixFiles::MakeFolder(const Path& folder) {
 }
 
 std::vector<fs::path> PosixFiles::RemovableMedia() {
-  std::vector<fs::path> media = RemovableMounts(ReadAll(OpenFile(mountTable_, O_RDONLY).Get()));
+  const auto canBeTaken = [&](const std::string& device) { return CanBeTaken(blockDevices_, device); };
+  std::vector<fs::path> media = RemovableMounts(ReadAll(OpenFile(mountTable_, O_RDONLY).Get()), canBeTaken);
   std::erase_if(media, [](const fs::path& folder) { return ::access(folder.c_str(), W_OK) != 0; });
   return media;
 }
 
-std::vector<fs::path> RemovableMounts(std::string_view mountTable) {
+bool CanBeTaken(const fs::path& blockDevices, const std::string& device) {
+  std::error_code error;
+  const fs::path name = fs::weakly_canonical(device, error).filename();  // "/dev/mapper/stick" is a link to "/dev/dm-0"
+  const fs::path at = error ? fs::path() : fs::canonical(blockDevices / name, error);
+  if (at.empty() || error) return false;
+  if (Contains(at.string(), "/usb") || Contains(at.string(), "/mmc")) return true;
+  for (const fs::path& disk : {at, at.parent_path()}) {  // a partition lies in the folder of its disk
+    try {
+      if (BeginsWith(ReadAll(OpenFile(disk / "removable", O_RDONLY).Get()), "1")) return true;
+    } catch (const Fault&) {
+    }
+  }
+  return false;
+}
+
+std::vector<fs::path> RemovableMounts(std::string_view mountTable,
+                                      const std::function<bool(const std::string& device)>& canBeTaken) {
   std::vector<fs::path> found;
   for (const std::string& line : SplitLines(mountTable)) {
     const std::vector<std::string> fields = SplitAt(line, ' ');  // device, folder, type, options
@@ -238,7 +261,8 @@ std::vector<fs::path> RemovableMounts(std::string_view mountTable) {
     const std::string folder = WithoutOctalEscapes(fields[1]);
     const std::vector<std::string> options = SplitAt(fields[3], ',');
     const bool readOnly = std::find(options.begin(), options.end(), "ro") != options.end();
-    if (IsMediaFolder(folder) && !readOnly) found.emplace_back(folder);
+    const bool isMedium = IsMediaFolder(folder) || (IsMountFolder(folder) && canBeTaken(fields[0]));
+    if (isMedium && !readOnly) found.emplace_back(folder);
   }
   return found;
 }

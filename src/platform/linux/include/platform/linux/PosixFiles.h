@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,8 +15,9 @@ class PosixFiles : public Files {
  public:
   using Path = std::filesystem::path;
 
-  /// @param mountTable  where the kernel lists what is mounted
-  explicit PosixFiles(Path mountTable = "/proc/self/mounts") : mountTable_(std::move(mountTable)) {}
+  /// @param mountTable  where the kernel lists what is mounted; @param blockDevices  and where its disks
+  explicit PosixFiles(Path mountTable = "/proc/self/mounts", Path blockDevices = "/sys/class/block")
+      : mountTable_(std::move(mountTable)), blockDevices_(std::move(blockDevices)) {}
 
   bool Exists(const Path& file) override;
   std::string Read(const Path& file) override;
@@ -35,6 +37,7 @@ class PosixFiles : public Files {
 
  private:
   Path mountTable_;
+  Path blockDevices_;
 };
 
 /// Removes what killed runs have left in a folder: copies of files that they were writing. Those of living processes
@@ -45,8 +48,12 @@ void RemoveUnfinished(const std::filesystem::path& folder);
 /// to case (ASCII letters); components that match nothing stay as given.
 std::filesystem::path ResolveIgnoringCase(const std::filesystem::path& path);
 
-/// Mount points below /media, /run/media and /mnt that a device is mounted on and not read-only, from the text of the
-/// kernel's mount table.
-std::vector<std::filesystem::path> RemovableMounts(std::string_view mountTable);
+/// True for a device that can be taken out: the kernel calls its disk removable, or it hangs on USB or in a card slot.
+bool CanBeTaken(const std::filesystem::path& blockDevices, const std::string& device);
+
+/// Mount points of media that are not read-only, from the text of the kernel's mount table: devices mounted below
+/// /media and /run/media, and those on or below /mnt that can be taken out.
+std::vector<std::filesystem::path> RemovableMounts(std::string_view mountTable,
+                                                   const std::function<bool(const std::string& device)>& canBeTaken);
 
 }  // namespace kestrava::platform
