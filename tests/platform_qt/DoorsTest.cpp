@@ -3,12 +3,16 @@
 #include <QLocale>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QTime>
 #include <QTimer>
+#include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
 #include "platform/qt/QtDoors.h"
 #include "platform/qt/Theme.h"
+#include "platform/qt/TimeForm.h"
 #include "platform/qt/Widgets.h"
 
 #include "support/House.h"
@@ -109,6 +113,72 @@ TEST_F(QtDoorsTests, TheLocaleIsTheMachines) {
 
 TEST_F(QtDoorsTests, TheTimeHasItsSeconds) {
   EXPECT_NE(QtLocale().TimeText(MakeSerial({2024, 6, 1, 14, 5, 9})).find("05:09"), std::string::npos);
+}
+
+std::string TimeIn(const char* locale) {
+  const QLocale place(locale);
+  const QString form = WithSeconds(place.timeFormat(QLocale::ShortFormat), place.timeFormat(QLocale::LongFormat));
+  return FromQt(place.toString(QTime(14, 5, 9), form));
+}
+
+TEST(TimeForms, SecondsArePartedAsTheMinutesAre) {
+  EXPECT_EQ(TimeIn("de_DE"), "14:05:09");
+  EXPECT_EQ(TimeIn("da_DK"), "14.05.09");
+  EXPECT_EQ(TimeIn("fi_FI"), "14.05.09");
+  EXPECT_EQ(TimeIn("id_ID"), "14.05.09");
+  EXPECT_EQ(TimeIn("fr_CA"), "14 h 05 min 09 s");
+  EXPECT_EQ(TimeIn("bg_BG"), "14:05:09 ч.") << "what stands behind the time stays behind it";
+  EXPECT_EQ(TimeIn("C"), "14:05:09");
+}
+
+TEST(TimeForms, AZoneIsNoPartOfATime) {
+  for (const char* form : {"HH:mm:ss t", "HH:mm:ss (t)", "t HH:mm:ss", "HH:mm:ss [t]", "HH:mm:ss, t"}) {
+    EXPECT_EQ(FromQt(WithSeconds("HH 'h' mm", form)), "HH:mm:ss") << form;
+  }
+  EXPECT_EQ(FromQt(WithSeconds("HH 'h' mm", "HH 'h' mm 'min' ss 's' t")), "HH 'h' mm 'min' ss 's'");
+  EXPECT_EQ(FromQt(WithSeconds("", "")), "HH:mm:ss") << "a locale that has no form";
+}
+
+/// The numbers of a text in any digits, and the signs between them.
+struct TimeParts {
+  std::vector<int> numbers;
+  std::vector<QString> between;
+};
+
+TimeParts PartsOf(const QString& text) {
+  TimeParts parts;
+  bool inNumber = false;
+  for (const char32_t c : text.toUcs4()) {
+    if (const int digit = QChar::digitValue(c); digit >= 0) {
+      if (!inNumber) parts.numbers.push_back(0);
+      parts.numbers.back() = parts.numbers.back() * 10 + digit;
+      inNumber = true;
+    } else {
+      if (inNumber) parts.between.emplace_back();
+      if (!parts.numbers.empty()) parts.between.back() += QString::fromUcs4(&c, 1);
+      inNumber = false;
+    }
+  }
+  return parts;
+}
+
+TEST(TimeForms, EveryLocaleThatTheToolkitKnowsWritesHourMinuteAndSecond) {
+  int tried = 0;
+  for (const QLocale& locale :
+       QLocale::matchingLocales(QLocale::AnyLanguage, QLocale::AnyScript, QLocale::AnyTerritory)) {
+    const QString form = WithSeconds(locale.timeFormat(QLocale::ShortFormat), locale.timeFormat(QLocale::LongFormat));
+    const QString text = locale.toString(QTime(14, 5, 9), form);
+    const TimeParts parts = PartsOf(text);
+    const std::string where = FromQt(locale.name() + ": " + form + ": " + text);
+    ASSERT_EQ(parts.numbers.size(), 3U) << where;
+    EXPECT_EQ(parts.numbers[0] % 12, 2) << where;
+    EXPECT_EQ(parts.numbers[1], 5) << where;
+    EXPECT_EQ(parts.numbers[2], 9) << where;
+    const bool words = parts.between[0].size() > 1;
+    EXPECT_TRUE(words || parts.between[0] == parts.between[1]) << where;
+    ++tried;
+  }
+  EXPECT_GT(tried, 500);
 }
 
 }  // namespace

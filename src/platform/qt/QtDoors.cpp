@@ -18,6 +18,7 @@
 #include "platform/qt/Fonts.h"
 #include "platform/qt/QtEventLoop.h"
 #include "platform/qt/Theme.h"
+#include "platform/qt/TimeForm.h"
 #include "platform/qt/Widgets.h"
 
 namespace kestrava::platform::qt {
@@ -152,12 +153,11 @@ std::string QtLocale::DateText(SerialDate local) const {
   return FromQt(QLocale::system().toString(QDate(parts.year, parts.month, parts.day), QLocale::ShortFormat));
 }
 
-/// The short form with its seconds, which the toolkit leaves out.
 std::string QtLocale::TimeText(SerialDate local) const {
   const DateParts parts = SplitSerial(local);
-  QString form = QLocale::system().timeFormat(QLocale::ShortFormat);
-  if (!form.contains('s')) form.replace("mm", "mm:ss");
-  return FromQt(QLocale::system().toString(QTime(parts.hour, parts.minute, parts.second), form));
+  const QLocale system = QLocale::system();
+  const QString form = WithSeconds(system.timeFormat(QLocale::ShortFormat), system.timeFormat(QLocale::LongFormat));
+  return FromQt(system.toString(QTime(parts.hour, parts.minute, parts.second), form));
 }
 
 }  // namespace kestrava::platform::qt
