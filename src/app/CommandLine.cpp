@@ -3,6 +3,7 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 #include <cstdio>
+#include <filesystem>
 
 namespace kestrava::app {
 
@@ -19,14 +20,30 @@ struct Options {
   }
 };
 
+void Say(const QString& why) {
+  std::fputs(("kestrava: " + why + ". kestrava --help tells what there is.\n").toLocal8Bit().constData(), stderr);
+}
+
+/// A folder that is not there yet is made; something else of that name is not touched.
+bool IsNoFolder(const QString& path) {
+  std::error_code unknown;
+  const auto status = std::filesystem::status(path.toStdString(), unknown);
+  return !path.isEmpty() && std::filesystem::exists(status) && !std::filesystem::is_directory(status);
+}
+
 }  // namespace
 
 std::optional<CommandLine> ReadCommandLine(const QCoreApplication& application) {
   Options options;
   if (!options.parser.parse(application.arguments()) || !options.parser.positionalArguments().isEmpty()) {
     const QString error = options.parser.errorText();
-    const QString why = error.isEmpty() ? "Files are not opened by name." : error;
-    std::fputs(("kestrava: " + why + " kestrava --help tells what there is.\n").toLocal8Bit().constData(), stderr);
+    Say(error.isEmpty() ? "files are not opened by name" : error);
+    return std::nullopt;
+  }
+  for (const QCommandLineOption& option : {options.data, options.tour}) {
+    const QString path = options.parser.value(option);
+    if (!IsNoFolder(path)) continue;
+    Say("--" + option.names().first() + " needs a folder, and " + path + " is a file");
     return std::nullopt;
   }
   return CommandLine{options.parser.value(options.data).toStdString(),

@@ -2,12 +2,14 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <memory>
 
 #include "platform/linux/OwnStart.h"
 #include "platform/qt/StationApplication.h"
 #include "shell/FatalFault.h"
 #include "shell/Shutdown.h"
 
+#include "Display.h"
 #include "Run.h"
 #include "Terminal.h"
 
@@ -26,7 +28,9 @@ int TellFailure(const char* what) {
 
 /// One run with windows. No object of the toolkit is left behind it.
 int RunWindows(int argc, char** argv) {
+  auto displayCheck = std::make_unique<kestrava::app::DisplayCheck>();
   const kestrava::platform::qt::StationApplication application(argc, argv);
+  displayCheck.reset();
   const auto commandLine = kestrava::app::ReadCommandLine(application);
   if (!commandLine) return 2;
   try {

@@ -85,7 +85,8 @@ class RealProgram : public ::testing::Test {
 
   std::string zone_ = "UTC";
   std::string locale_ = "C";
-  int answerTo_ = -1;  ///< a descriptor that the answer goes to instead
+  std::string display_;  ///< a variable that names one: "DISPLAY=:1"
+  int answerTo_ = -1;    ///< a descriptor that the answer goes to instead
   bool pipesIgnored_ = false;
   testing::TempFolder home_;
   testing::TempFolder scratch_;
@@ -103,6 +104,7 @@ class RealProgram : public ::testing::Test {
                                          "XDG_DATA_HOME=" + (home_ / "share").string(),
                                          "TZ=" + zone_,
                                          "LC_ALL=" + locale_};
+    if (!display_.empty()) environment.push_back(display_);
     if (locales) environment.push_back("LOCPATH=" + std::string(locales));
     std::vector<std::string> words{KESTRAVA_PROGRAM};
     words.insert(words.end(), arguments.begin(), arguments.end());
@@ -209,6 +211,29 @@ TEST_F(RealProgram, WindowsWithoutADisplayAreToldInOneLine) {
   EXPECT_EQ(ended.how, "code 1");
   EXPECT_EQ(ended.out, "");
   EXPECT_EQ(ended.err, "kestrava: there is no display for its windows. kestrava --help names what needs none\n");
+}
+
+TEST_F(RealProgram, ADisplayThatCannotBeUsedIsToldInOneLineAndEndsNothingByASignal) {
+  for (const char* display : {"DISPLAY=:4711", "DISPLAY=no host:0", "QT_QPA_PLATFORM=none"}) {
+    display_ = display;
+    const Ended ended = Run({"--data", (home_ / "data").string()});
+    EXPECT_EQ(ended.how, "code 1") << display;
+    EXPECT_EQ(ended.err.rfind("kestrava: there is no display for its windows (", 0), 0U) << ended.err;
+    EXPECT_EQ(std::count(ended.err.begin(), ended.err.end(), '\n'), 1) << ended.err;
+  }
+}
+
+TEST_F(RealProgram, AFileWhereAFolderIsNeededIsWrongUse) {
+  display_ = "QT_QPA_PLATFORM=offscreen";
+  const std::string file = (home_ / "data/groups.dat").string();
+  const std::string before = Content(file);
+  for (const char* option : {"--data", "--tour"}) {
+    const Ended ended = Run({option, file});
+    EXPECT_EQ(ended.how, "code 2") << option;
+    EXPECT_EQ(ended.err, "kestrava: " + std::string(option) + " needs a folder, and " + file +
+                             " is a file. kestrava --help tells what there is.\n");
+  }
+  EXPECT_EQ(Content(file), before);
 }
 
 TEST_F(RealProgram, EachSideOfAChangeOfTheClocksHasItsOwnOffset) {
