@@ -9,13 +9,15 @@
 #include "platform/FaultLog.h"
 #include "platform/Files.h"
 #include "platform/Format.h"
-#include "platform/Opening.h"
+#include "platform/Links.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "platform/Version.h"
 #include "shell/GpsNames.h"
 #include "shell/KepAge.h"
 #include "shell/Shutdown.h"
+#include "shell/StoredPlace.h"
 #include "store/Favourites.h"
 #include "store/Groups.h"
 #include "store/Locations.h"
@@ -139,15 +141,22 @@ void Launcher::LauncherLoadAllSettings() {
   });
   double latitudeDeg = 0;
   double longitudeWestDeg = 0;
-  trap([&] { latitudeDeg = ReadAngle("Latitude"); });
-  trap([&] { longitudeWestDeg = ReadAngle("Longitude"); });
+  trap([&] { latitudeDeg = ReadStoredAngle("Latitude").degrees; });
+  trap([&] { longitudeWestDeg = ReadStoredAngle("Longitude").degrees; });
   trap([&] { Set(ownEngine_).SetObserverLatitude(latitudeDeg); });
   trap([&] { Set(ownEngine_).SetObserverLongitude(360 - longitudeWestDeg); });
   trap([&] { Set(ownEngine_).SetObserverHeight(platform::ReadNumberSetting("HASL", "0")); });
 }
 
 double Launcher::ReadAngle(std::string_view key) {
-  return platform::ParseNumber(platform::ApplyCommaRule(platform::ReadSetting(key, "0")));
+  const StoredAngle angle = ReadStoredAngle(key);
+  if (!angle.complaint.empty() && toldPlaces_.insert(angle.complaint).second) {
+    platform::ErrorTrap(angle.complaint, kSettingsTrap);
+    platform::TheEventLoop().Later([complaint = angle.complaint] {
+      platform::TheMessages().Show(complaint + ".\n\nStore your place in Settings, Locations.");
+    });
+  }
+  return angle.degrees;
 }
 
 void Launcher::LoadCustomFiles() {
@@ -184,7 +193,8 @@ void Launcher::Activate() {
 void Launcher::ShowElementAge() {
   const std::string file = platform::FileNameOfAddress(tables_.GroupList[1].Address);
   const std::string path = platform::InAppDir(file).string();
-  atWork_ = {"", "The element file of the first group cannot be found: " + path,
+  const std::string shownPath = platform::AppDir + platform::QuoteOf(file);
+  atWork_ = {"", "The element file of the first group cannot be found: " + shownPath,
              "Put the file back, or name another group first in groups.dat, then start Kestrava again.", file};
   if (file.empty()) {
     atWork_.subject = "The first line of " + platform::InAppDir("groups.dat").string() + " names no element file.";
@@ -214,7 +224,8 @@ void Launcher::ShowDemonstration() {
 void Launcher::SetObserver() {
   const auto number = [&](std::string_view key, auto&& read) {
     const std::string stored = platform::ReadSetting(key, "0");
-    atWork_ = {"", "The setting " + std::string(key) + " holds \"" + stored + "\", which is no number.",
+    atWork_ = {"",
+               "The setting " + std::string(key) + " holds \"" + platform::QuoteOf(stored) + "\", which is no number.",
                "Correct it in " + setup_.settingsFile + ", then start Kestrava again.", ""};
     return read();
   };
@@ -286,7 +297,7 @@ void Launcher::Timer1Tick() {
 }
 
 void Launcher::CustomiseClick() {
-  platform::OpenOrSay(customTarget_);
+  if (!customTarget_.empty()) platform::OpenLink(customTarget_);
 }
 
 void Launcher::QueryUnload() {

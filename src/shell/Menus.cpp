@@ -5,7 +5,7 @@
 #include "platform/Doors.h"
 #include "platform/Endpoints.h"
 #include "platform/Files.h"
-#include "platform/Opening.h"
+#include "platform/Links.h"
 
 namespace kestrava::shell {
 
@@ -94,7 +94,7 @@ void OpenOnlineHelp(std::string_view address) {
   if (address.empty()) {
     OpenDocument(kHelpFile);
   } else {
-    platform::OpenOrSay(address);
+    platform::OpenLink(address);
   }
 }
 

@@ -123,6 +123,52 @@ TEST_F(LauncherActivation, APlaceThatIsNoNumberIsNotTrappedAndNamesTheSetting) {
   }
 }
 
+TEST_F(LauncherActivation, ALatitudeBeyondAPoleIsToldOnceAndTakenAsThePole) {
+  settings.Set("Latitude", "999");
+  Launcher& launcher = Loaded();
+  EXPECT_EQ(engines[0]->ObserverLatitude(), 90) << "the load takes it so as well";
+  launcher.Activate();
+  launcher.Activate();
+  for (const orbit::OrbitEngine* engine : engines) EXPECT_EQ(engine->ObserverLatitude(), 90);
+  const std::string complaint = "The stored latitude is 999, which is no place on the Earth: 90 is taken";
+  EXPECT_EQ(TakeFaults(), Strings{complaint + " - LauncherLoadAllSettings"});
+  messages.ExpectMessage(complaint + ".\n\nStore your place in Settings, Locations.");
+  eventLoop.Advance(1);
+  EXPECT_EQ(settings.Get("Latitude"), "999") << "it is the user's to correct";
+}
+
+TEST_F(LauncherActivation, ALongitudeBeyondATurnIsToldAndTakenAsWhatIsLeftOfIt) {
+  settings.Set("Longitude", "730");
+  Loaded().Activate();
+  EXPECT_EQ(orbit::Engine->ObserverLongitude(), 350);
+  EXPECT_EQ(TakeFaults().size(), 1U);
+  messages.ExpectMessage("The stored longitude is 730, which is no place on the Earth: 10 is taken");
+  eventLoop.Advance(1);
+}
+
+TEST_F(LauncherActivation, PolesAndWholeTurnsArePlaces) {
+  Launcher& launcher = Loaded();
+  for (const char* latitude : {"90", "-90"}) {
+    settings.Set("Latitude", latitude);
+    settings.Set("Longitude", "360");
+    launcher.Activate();
+  }
+  settings.Set("Longitude", "-5");
+  launcher.Activate();
+  EXPECT_EQ(orbit::Engine->ObserverLongitude(), 365) << "5 degrees east, by whoever wrote it so";
+}
+
+TEST_F(LauncherActivation, ADamagedLineDoesNotFillTheScreen) {
+  settings.Set("Longitude", std::string(100000, 'x'));
+  Launcher& launcher = Loaded();
+  EXPECT_THROW(launcher.Activate(), Fault);
+  EXPECT_LT(launcher.DescribeFault(Fault::TypeMismatch()).subject.size(), 300U);
+  settings.Set("Longitude", "0");
+  tables.GroupList[1].Address = std::string(100000, 'x');
+  EXPECT_THROW(launcher.Activate(), Fault);
+  EXPECT_LT(launcher.DescribeFault(Fault::FileNotFound()).subject.size(), 300U);
+}
+
 TEST_F(LauncherActivation, BringsAChangedPlaceToTheGlobalEngine) {
   Launcher& launcher = Loaded();
   settings.Set("Latitude", "-33.5");

@@ -85,11 +85,20 @@ TEST_F(LauncherLoad, TheLinkIsTrimmedAndOpenedByAClick) {
   EXPECT_EQ(opener.opened, Strings{"https://club.example/"});
 }
 
+TEST_F(LauncherLoad, ALinkThatIsNoAddressAndNoFileOfTheFolderIsNotOpenedAndThatIsSaid) {
+  Put("cust2.dat", "Our club\nfile:///usr/bin/thing.desktop\n");
+  Launcher launcher(view, tables, NewSetup());
+  launcher.Load();
+  messages.ExpectMessage("The link \"file:///usr/bin/thing.desktop\" was not opened");
+  launcher.CustomiseClick();
+  EXPECT_TRUE(opener.opened.empty());
+}
+
 TEST_F(LauncherLoad, ALinkThatCouldNotBeOpenedIsSaid) {
   Launcher launcher(view, tables, NewSetup());
   launcher.Load();
   opener.canOpen = false;
-  messages.ExpectMessage("could not be opened: https://club.example/");
+  messages.ExpectMessage("The link \"https://club.example/\" could not be opened");
   launcher.CustomiseClick();
 }
 

@@ -120,7 +120,7 @@ TEST_F(MenuActions, OnlineHelpOpensTheMakersPageOnceThereIsOne) {
 
 TEST_F(MenuActions, AnAddressThatCouldNotBeOpenedIsSaid) {
   opener.canOpen = false;
-  messages.ExpectMessage("could not be opened: https://maker.example/faq.html");
+  messages.ExpectMessage("The link \"https://maker.example/faq.html\" could not be opened");
   OpenOnlineHelp("https://maker.example/faq.html");
 }
 

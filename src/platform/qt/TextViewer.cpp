@@ -5,7 +5,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
-#include "platform/Opening.h"
+#include "platform/Links.h"
 #include "platform/Text.h"
 #include "platform/qt/Widgets.h"
 
@@ -24,7 +24,7 @@ TextViewer::TextViewer() : StationWindow(kName) {
     if (link.scheme().isEmpty()) {
       text_->scrollToAnchor(link.fragment());
     } else {
-      OpenOrSay(FromQt(link.toString()));
+      OpenLink(FromQt(link.toString(QUrl::FullyEncoded)));
     }
   });
   layout->addWidget(text_);

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 
@@ -82,6 +83,7 @@ class Launcher {
   void ShowDemonstration();
   void SetObserver();
   void ShowSunTimes();
+  /// One message in the run tells of a place that is none.
   double ReadAngle(std::string_view key);
 
   LauncherView& view_;
@@ -92,6 +94,7 @@ class Launcher {
   std::unique_ptr<platform::SpeechEngine> speech_;
   platform::SpeechEngine* earlierSpeech_ = nullptr;
   std::string customTarget_;
+  std::set<std::string> toldPlaces_;         ///< complaints about the stored place
   std::optional<std::string> favesAtStart_;  ///< all bytes of faves.dat before the load
   FatalReport atWork_;                       ///< what the activation is about at this moment, for a fault
 };
