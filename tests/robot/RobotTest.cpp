@@ -35,7 +35,7 @@ unsigned SeedToUse() {
 /// Messages that a user without a plan may well meet.
 bool IsExpected(const std::string& message) {
   static const std::vector<std::string> parts{
-      "Copy ALL Keplerian element files", "Keplerian files copied", "Floppy Drive A:",
+      "Copy ALL Keplerian element files", "Keplerian files copied", "The copied files are in", "Floppy Drive A:",
       // of the pass window and its wizard
       "You must select either one of the", "Predictions saved as /documents/", "You must select a preset first",
       "you must select a preset to", "you must choose a job name", "You must fill in the days box",

@@ -26,6 +26,7 @@ class FloppyTransfer : public testing::House {
 TEST_F(FloppyTransfer, CopiesTheFilesOfAllGroupsToTheFirstMedium) {
   messages.ExpectQuestion(kQuestion, true);
   messages.ExpectMessage("2 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("The copied files are in /media/stick.");
   TransferElementsToFloppy(tables_);
   EXPECT_EQ(files.Content("/media/stick/amateur.txt"), "A");
   EXPECT_EQ(files.Content("/media/stick/weather.txt"), "W");
@@ -37,6 +38,7 @@ TEST_F(FloppyTransfer, RowFortyIsCopiedAndEmptyAddressesArePassedOver) {
   tables_.GroupList[40].Address = "celestrak.org/weather.txt";
   messages.ExpectQuestion(kQuestion, true);
   messages.ExpectMessage("1 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("The copied files are in /media/stick.");
   TransferElementsToFloppy(tables_);
 }
 
@@ -58,6 +60,7 @@ TEST_F(FloppyTransfer, AMediumThatGoesAwayBetweenTwoFilesIsNotReady) {
   files.BreakFile("/media/stick/weather.txt", platform::Fault::DiskNotReady());
   messages.ExpectQuestion(kQuestion, true);
   messages.ExpectMessage(kNotReady);
+  messages.ExpectMessage("The copied files are in /media/stick.");
   TransferElementsToFloppy(tables_);
 }
 
@@ -65,14 +68,27 @@ TEST_F(FloppyTransfer, AFileThatCannotBeCopiedForAnotherReasonIsPassedOver) {
   files.Remove("/house/amateur.txt");
   messages.ExpectQuestion(kQuestion, true);
   messages.ExpectMessage("1 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("The copied files are in /media/stick.");
   TransferElementsToFloppy(tables_);
   EXPECT_EQ(files.Content("/media/stick/weather.txt"), "W");
+  EXPECT_EQ(messages.Texts().back(),
+            "The copied files are in /media/stick.\n\nNot copied:\namateur.txt (File not found)");
+}
+
+TEST_F(FloppyTransfer, OfManyFilesThatCouldNotBeCopiedTenAreNamedAndTheRestIsCounted) {
+  for (int row = 1; row <= 40; ++row) tables_.GroupList[row].Address = "none" + std::to_string(row) + ".txt";
+  messages.ExpectQuestion(kQuestion, true);
+  messages.ExpectMessage("0 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("none10.txt (File not found)\nand 30 more");
+  TransferElementsToFloppy(tables_);
+  EXPECT_EQ(messages.Texts().back().rfind("Not copied:\nnone1.txt", 0), 0U) << messages.Texts().back();
 }
 
 TEST_F(FloppyTransfer, AFullMediumIsPassedOverToo) {
   files.BreakWriteAfter(1);
   messages.ExpectQuestion(kQuestion, true);
   messages.ExpectMessage("1 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("weather.txt (Disk full)");
   TransferElementsToFloppy(tables_);
 }
 

@@ -84,6 +84,7 @@ TEST_F(ShellContract, TheFloppyTellsItsCountInItsOwnWords) {
   files.SetRemovableMedia({"/media/stick"});
   messages.ExpectQuestion("Copy ALL Keplerian element files onto a Floppy disk ?", true);
   messages.ExpectMessage("1 Keplerian files copied to Floppy disk");
+  messages.ExpectMessage("Not copied:\nmissing.txt (File not found)");
   TransferElementsToFloppy(tables);
   EXPECT_EQ(messages.Titles().at(0), "Keplerian Data Transfer");
   EXPECT_EQ(messages.Texts().at(1), "1 Keplerian files copied to Floppy disk");

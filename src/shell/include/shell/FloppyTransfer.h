@@ -5,9 +5,9 @@
 
 namespace kestrava::shell {
 
-/// Asks, copies to the first mounted removable medium, and tells how many files went over: after No as well, with 0.
-/// Without a medium (or when it goes away) it says so and stops. A file that cannot be copied for another reason is
-/// passed over and not counted.
+/// Asks, copies to the first mounted removable medium, and tells how many files went over and where: after No as well,
+/// with 0. Without a medium (or when it goes away) it says so and stops. A file that cannot be copied for another
+/// reason is passed over, not counted, and named with the reason.
 void TransferElementsToFloppy(const orbit::Tables& tables);
 
 }  // namespace kestrava::shell
