@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMessageBox>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <memory>
 #include <string>
@@ -12,6 +13,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/Fault.h"
+#include "platform/WindowSizes.h"
+#include "platform/qt/KeptSize.h"
 #include "platform/qt/QtSkin.h"
 #include "platform/qt/SkinButton.h"
 #include "platform/qt/StationWindow.h"
@@ -113,6 +116,76 @@ TEST_F(StationWindowTests, EscapeDoesNotTouchTheEngineWhileSpeechIsOff) {
   TrialWindow window;
   Press(window, Qt::Key_Escape);
   EXPECT_EQ(speech.stops, 0);
+}
+
+TEST_F(StationWindowTests, AWindowThatFilledTheScreenFillsItAgainWhenItComesBack) {
+  TrialWindow window;
+  window.Show();
+  window.showMaximized();
+  window.showMinimized();
+  testing::HandleEvents();
+  ASSERT_TRUE(window.isMinimized());
+  window.Show();
+  testing::HandleEvents();
+  EXPECT_FALSE(window.isMinimized());
+  EXPECT_TRUE(window.isMaximized());
+  window.showNormal();
+  window.showMinimized();
+  window.Show();
+  EXPECT_FALSE(window.isMinimized() || window.isMaximized());
+}
+
+TEST_F(StationWindowTests, AWindowOpensInTheSizeThatTheUserGaveItLast) {
+  Open("A").resize(420, 330);
+  windows->Unload(*windows->Find("A"));
+  EXPECT_EQ(KeptWindowSize("A"), (WindowSize{420, 330, false}));
+  EXPECT_EQ(Open("A").size(), QSize(420, 330));
+  EXPECT_EQ(Open("B").size(), QSize(300, 200)) << "another one has its own";
+  windows->Unload(*windows->Find("B"));
+  EXPECT_FALSE(KeptWindowSize("B").has_value()) << "nothing is kept that the user has not changed";
+}
+
+TEST_F(StationWindowTests, AWindowThatFilledTheScreenAtItsEndOpensSoAndKeepsItsNormalSize) {
+  Open("A").resize(420, 330);
+  testing::HandleEvents();
+  windows->Find("A")->Show();
+  dynamic_cast<TrialWindow*>(windows->Find("A"))->showMaximized();
+  testing::HandleEvents();
+  windows->Unload(*windows->Find("A"));
+  EXPECT_EQ(KeptWindowSize("A"), (WindowSize{420, 330, true}));
+  EXPECT_TRUE(Open("A").isMaximized());
+  Open("A").showNormal();
+  testing::HandleEvents();
+  EXPECT_EQ(Open("A").size(), QSize(420, 330));
+}
+
+TEST_F(StationWindowTests, ASizeLargerThanTheScreenIsCutToIt) {
+  KeepWindowSize("A", {9000, 120, false});
+  TrialWindow& window = Open("A");
+  EXPECT_EQ(window.size(), QSize(window.screen()->availableSize().width(), 120));
+}
+
+TEST_F(StationWindowTests, WindowsOfOneSizeAndThoseWithSettingsOfTheirOwnKeepNone) {
+  KeepWindowSize("A", {420, 330, false});
+  KeepWindowSize("B", {420, 330, false});
+  windows->Register("A", [] {
+    auto window = std::make_unique<TrialWindow>("A");
+    window->setFixedSize(300, 200);
+    return window;
+  });
+  windows->Register("B", [] {
+    auto window = std::make_unique<TrialWindow>("B");
+    window->setProperty(kPlaceInSettingsProperty, true);
+    return window;
+  });
+  for (const char* name : {"A", "B"}) {
+    windows->Show(name);
+    auto& window = dynamic_cast<TrialWindow&>(*windows->Find(name));
+    EXPECT_EQ(window.size(), QSize(300, 200)) << name;
+    window.resize(310, 210);
+    windows->Unload(window);
+    EXPECT_EQ(KeptWindowSize(name), (WindowSize{420, 330, false})) << name;
+  }
 }
 
 TEST_F(StationWindowTests, ShownButNotToldCountsAsActivatedOnceAfterHalfASecond) {

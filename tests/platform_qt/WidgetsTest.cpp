@@ -168,6 +168,16 @@ TEST_F(WidgetTests, NamesOfArrayMembersCarryTheirIndex) {
   EXPECT_EQ(widget.accessibleName(), "Help");
 }
 
+TEST_F(WidgetTests, TheIdlePictureStaysAsItWasGiven) {
+  ImageSurface picture(40, 30);
+  picture.Clear(kGreen);
+  SurfaceWidget map;
+  map.resize(40, 30);
+  map.SetIdlePicture(picture.Image());
+  picture.Clear(kRed);
+  EXPECT_EQ(testing::Grab(map).pixelColor(20, 15), QColor(Qt::green));
+}
+
 TEST_F(WidgetTests, APictureIsShownOnlyWhenThePaintIsWhole) {
   SurfaceWidget map;
   map.resize(60, 40);

@@ -12,6 +12,7 @@
 #include "platform/Settings.h"
 #include "platform/Speech.h"
 #include "platform/qt/ImageSurface.h"
+#include "platform/qt/KeptSize.h"
 #include "platform/qt/QtSkin.h"
 #include "platform/qt/Widgets.h"
 
@@ -71,7 +72,8 @@ StationWindow::StationWindow(std::string_view name, QWidget* parent)
 StationWindow::~StationWindow() = default;
 
 void StationWindow::Show() {
-  if (isMinimized()) showNormal();
+  TakeKeptSize(*this);
+  setWindowState(windowState() & ~Qt::WindowMinimized);  // one that filled the screen fills it again
   show();
   raise();
   activateWindow();
@@ -85,6 +87,7 @@ void StationWindow::Hide() {
 
 void StationWindow::OnUnload() {
   unloading_ = true;
+  KeepChangedSize(*this);
   Hide();
 }
 

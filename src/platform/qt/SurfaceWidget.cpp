@@ -32,7 +32,7 @@ void SurfaceWidget::Present() {
 
 void SurfaceWidget::SetIdlePicture(const QImage& picture) {
   if (presented_) return;
-  front_ = picture.convertToFormat(QImage::Format_RGB32);
+  front_ = picture.convertToFormat(QImage::Format_RGB32).copy();  // the picture goes on being painted on
   update();
 }
 
