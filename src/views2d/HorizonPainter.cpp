@@ -188,6 +188,7 @@ void HorizonPainter::PaintFavourite(int index, const DateParts& now) {
   trap([&] { row.hasNoPosition = !orbit::Satcalc(sky_, row.Name, now, false); });
   row.Az = tables.result.SatAz;
   row.El = tables.result.SatEl;
+  state_.rows.Keep(tables, index);
   if (!IsSatelliteShown(row)) return;
   if (tables.SelSat == 0) {
     tables.SelSat = platform::ToInt16(index);
@@ -221,7 +222,7 @@ void HorizonPainter::PaintLastLine() {
     final.Print(" No Satellite Selected");
     return;
   }
-  const orbit::FaveRec& row = At(tables.FaveList, tables.SelSat);
+  const orbit::FaveRec& row = state_.rows.Row(tables, tables.SelSat);
   const auto degrees = [&](double value) { return row.hasNoPosition ? kNoValue : FloorText(value); };
   final.Print(" " + row.Name + "     AZ: " + degrees(row.Az) + "      EL: " + degrees(row.El));
 }

@@ -100,7 +100,7 @@ void HorizonWindow::Timer5secTick() {
   timer5sec_->SetIntervalMs(kReportEveryMs);
   reportTrap([&] {
     if (sky_.tables.SelSat == 0 || !view_.IsMarked(HorizonMark::kAnnouncePosition)) return;
-    const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, sky_.tables.SelSat);
+    const orbit::FaveRec& row = state_.rows.Row(sky_.tables, sky_.tables.SelSat);
     if (row.hasNoPosition) return;
     platform::SayText("Heading " + FloorText(row.Az) + ", Elevation " + FloorText(row.El), true,
                       platform::SpeechKind::kPositionReport);
@@ -130,7 +130,7 @@ void HorizonWindow::FinalMousedown(double x, double y) {
   int pick = 0;
   for (int i = 1; i <= tables.FaveCount; ++i) {
     clickTrap([&] {
-      const orbit::FaveRec& row = platform::At(tables.FaveList, i);
+      const orbit::FaveRec& row = state_.rows.Row(tables, i);
       if (row.hasNoPosition) return;
       const double distance = DistanceTo(row, x, y);
       if (!(distance < best)) return;  // a row without a place is no nearer than any
@@ -175,11 +175,24 @@ void HorizonWindow::MakeAnnouncement() {
   timer5sec_->SetEnabled(false);
   platform::YieldOnce();
   if (!open_) return;
-  station::AnnouncePositions(sky_.tables, true);
+  SayPainted();
   platform::YieldOnce();
   if (!open_) return;
   timer5sec_->SetIntervalMs(kPauseMs);
   timer5sec_->SetEnabled(true);
+}
+
+// A map in time warp may have written the rows since: they become again those that this view shows.
+void HorizonWindow::SayPainted() {
+  orbit::Tables& tables = sky_.tables;
+  for (int i = 1; i <= tables.FaveCount; ++i) {
+    const orbit::FaveRec& painted = state_.rows.Row(tables, i);
+    orbit::FaveRec& row = platform::At(tables.FaveList, i);
+    row.Az = painted.Az;
+    row.El = painted.El;
+    row.hasNoPosition = painted.hasNoPosition;
+  }
+  station::AnnouncePositions(tables, true);
 }
 
 std::string HorizonWindow::WhatLiesAt(double x, double y) const {
@@ -187,7 +200,7 @@ std::string HorizonWindow::WhatLiesAt(double x, double y) const {
   if (LiesOn(state_.sun, x, y)) lines += LineOf("Sun", state_.sun.azDeg, state_.sun.elDeg);
   if (LiesOn(state_.moon, x, y)) lines += LineOf("Moon", state_.moon.azDeg, state_.moon.elDeg);
   for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
-    const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, i);
+    const orbit::FaveRec& row = state_.rows.Row(sky_.tables, i);
     if (LiesOn(row, x, y)) lines += LineOf(row.Name, row.Az, row.El);
   }
   if (!lines.empty()) lines.pop_back();

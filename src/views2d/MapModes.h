@@ -11,15 +11,16 @@ struct RegionalMode {
   std::string_view name;
   double westShiftDeg;   ///< degrees of longitude by which the doubled map is moved left
   double northShiftDeg;  ///< degrees of latitude by which it is moved up
+  std::string_view title;
 };
 
 inline constexpr std::array<RegionalMode, 6> kRegionalModes{{
-    {"NWQ", 0, 0},
-    {"NCQ", 180, 0},
-    {"NEQ", 360, 0},
-    {"SWQ", 0, 180},
-    {"SCQ", 180, 180},
-    {"SEQ", 360, 180},
+    {"NWQ", 0, 0, "North West"},
+    {"NCQ", 180, 0, "North Central"},
+    {"NEQ", 360, 0, "North East"},
+    {"SWQ", 0, 180, "South West"},
+    {"SCQ", 180, 180, "South Central"},
+    {"SEQ", 360, 180, "South East"},
 }};
 
 inline constexpr std::string_view kSwappedHalves = "worldalt";

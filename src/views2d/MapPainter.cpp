@@ -38,6 +38,7 @@ constexpr double kEdgeJumpPx = 500;
 constexpr double kFarRightPx = 10000;
 constexpr double kBeyondEdgePx = 10;
 constexpr int kSeedCount = 16;
+constexpr std::array<const char*, 4> kPlaceKeys{"WinPosX", "WinPosY", "WinPosW", "WinPosH"};
 
 int Rounded(double x) {
   return platform::ToInt32(x);
@@ -97,32 +98,34 @@ void MapPainter::RepaintMapScreen() {
 }
 
 void MapPainter::PaintBaseLayer() {
-  Surface& final = surfaces_.Final;
-  const Surface& world = surfaces_.WorldNormal;
+  // An empty world picture shows in the log.
+  if (PaintWorld(surfaces_.Final, surfaces_.WorldNormal, map_.MapMode) != 1) {
+    platform::ErrorTrap("World Normal BLiTter", "StretchBlt error");
+  }
+}
+
+int PaintWorld(Surface& final, const Surface& world, std::string_view mapMode) {
   const int width = final.Width();
   const int height = final.Height();
   const int halfWorldWidth = Half(world.Width());
-  if (const RegionalMode* mode = FindRegionalMode(map_.MapMode)) {
+  if (const RegionalMode* mode = FindRegionalMode(mapMode)) {
     // The quarter begins where the doubled map is moved off the edge: a shift of 360 degrees is half the picture.
     const int left = Rounded(world.Width() * mode->westShiftDeg / 720);
     const int top = Rounded(world.Height() * mode->northShiftDeg / 360);
     final.StretchBlt({0, 0, width, height}, world, {left, top, halfWorldWidth, Half(world.Height())},
                      RasterOp::kSrcCopy);
-    return;
+    return 1;
   }
-  if (map_.MapMode == kSwappedHalves) {
+  if (mapMode == kSwappedHalves) {
     const int halfWidth = Half(width);
     final.StretchBlt({0, 0, halfWidth, height}, world, {halfWorldWidth, 0, halfWorldWidth, world.Height()},
                      RasterOp::kSrcCopy);
     final.StretchBlt({halfWidth, 0, halfWidth, height}, world, {0, 0, halfWorldWidth, world.Height()},
                      RasterOp::kSrcCopy);
-    return;
+    return 1;
   }
   const PixelRect whole{0, 0, world.Width(), world.Height()};
-  // The one blit whose result is looked at: an empty world picture shows in the log.
-  if (final.StretchBlt({0, 0, width, height}, world, whole, RasterOp::kSrcCopy) != 1) {
-    platform::ErrorTrap("World Normal BLiTter", "StretchBlt error");
-  }
+  return final.StretchBlt({0, 0, width, height}, world, whole, RasterOp::kSrcCopy);
 }
 
 void MapPainter::PaintHome() {
@@ -148,8 +151,8 @@ void MapPainter::PaintLocations() {
 }
 
 void MapPainter::PaintSun() {
-  const double x = LonToMapX(tables_.SunLon) - kSunSizePx / 2.0;
-  const double y = LatToMapY(tables_.SunLat) - kSunSizePx / 2.0;
+  const double x = LonToMapX(map_.work.SunLon) - kSunSizePx / 2.0;
+  const double y = LatToMapY(map_.work.SunLat) - kSunSizePx / 2.0;
   PlaceSprite(surfaces_.Final, x, y, kSunSizePx, surfaces_.sprites.SunMask, surfaces_.sprites.SunPic);
 }
 
@@ -158,14 +161,14 @@ void MapPainter::DrawMaskOutline() {
   trap([&] {
     alpha.Clear(platform::kBlack);
     alpha.SetLineWidth(kLineWidthPx);
-    alpha.DrawPoint(LonToMaskX(tables_.SunCircle[0].lon), LatToMaskY(tables_.SunCircle[0].lat));
+    alpha.DrawPoint(LonToMaskX(map_.work.SunCircle[0].lon), LatToMaskY(map_.work.SunCircle[0].lat));
     alpha.SetPen(platform::kWhite);
   });
-  for (std::size_t i = 1; i < tables_.SunCircle.size(); ++i) {
+  for (std::size_t i = 1; i < map_.work.SunCircle.size(); ++i) {
     trap([&] {
-      const double x = LonToMaskX(tables_.SunCircle[i].lon);
-      const double y = LatToMaskY(tables_.SunCircle[i].lat);
-      const double previousX = LonToMaskX(tables_.SunCircle[i - 1].lon);
+      const double x = LonToMaskX(map_.work.SunCircle[i].lon);
+      const double y = LatToMaskY(map_.work.SunCircle[i].lat);
+      const double previousX = LonToMaskX(map_.work.SunCircle[i - 1].lon);
       // The pen is placed by a point, which lands off the surface.
       if (x - previousX > kEdgeJumpPx) {
         alpha.LineTo(-kBeyondEdgePx, y);
@@ -183,7 +186,7 @@ void MapPainter::DrawMaskOutline() {
 void MapPainter::FillMask() {
   for (int i = 0; i < kSeedCount; ++i) {
     trap([&] {
-      const orbit::PointRec& seed = At(tables_.SunSeeds, i);
+      const orbit::PointRec& seed = At(map_.work.SunSeeds, i);
       surfaces_.Alpha.FloodFill(LonToMaskX(seed.lon), LatToMaskY(seed.lat), platform::kWhite);
     });
   }
@@ -204,31 +207,31 @@ void MapPainter::BlendMask() {
 }
 
 void MapPainter::PaintMoon() {
-  const double x = LonToMapX(tables_.MoonLon) - kMoonSizePx / 2.0;
-  const double y = LatToMapY(tables_.MoonLat) - kMoonSizePx / 2.0;
+  const double x = LonToMapX(map_.work.MoonLon) - kMoonSizePx / 2.0;
+  const double y = LatToMapY(map_.work.MoonLat) - kMoonSizePx / 2.0;
   PlaceSprite(surfaces_.Final, x, y, kMoonSizePx, surfaces_.sprites.MoonMask, surfaces_.sprites.MoonPic);
 }
 
 void MapPainter::PaintTrack() {
-  if (!platform::ReadSwitch("ShowGroundtrack", "1")) return;
+  if (!platform::ReadSwitch("ShowGroundtrack", "1") || map_.work.nothingSelected) return;
   const int lastRow = LastTrackRow();
   for (int i = 0; i <= lastRow; ++i) {
     const bool drawn = trap([&] {
-      const orbit::TrackRec& row = At(tables_.GroundTrack, i);
+      const orbit::TrackRec& row = At(map_.work.GroundTrack, i);
       if (row.hasNoPosition) return;
       surfaces_.Final.SetPen(row.colour);
       surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
     });
-    if (!drawn && i >= static_cast<int>(tables_.GroundTrack.size())) return;  // all further rows are beyond it too
+    if (!drawn && i >= static_cast<int>(map_.work.GroundTrack.size())) return;  // all further rows are beyond it too
   }
 }
 
 void MapPainter::PaintFootprint() {
-  if (!platform::ReadSwitch("ShowFootprints", "1")) return;
-  if (At(tables_.FaveList, tables_.SelSat).hasNoPosition) return;  // the circle is another one's
+  if (!platform::ReadSwitch("ShowFootprints", "1") || map_.work.nothingSelected) return;
+  if (map_.work.rows.Row(tables_, tables_.SelSat).hasNoPosition) return;  // the circle is another one's
   surfaces_.Final.SetPen(platform::kOrange);
   for (int i = 0; i <= 360; i += 2) {
-    const orbit::PointRec& row = At(tables_.FootPrint, i);
+    const orbit::PointRec& row = At(map_.work.FootPrint, i);
     surfaces_.Final.DrawPoint(LonToMapX(row.lon), LatToMapY(row.lat));
   }
 }
@@ -244,7 +247,7 @@ void MapPainter::PaintSatellites() {
 }
 
 void MapPainter::PaintSatellite(int index) {
-  const orbit::FaveRec& row = At(tables_.FaveList, index);
+  const orbit::FaveRec& row = map_.work.rows.Row(tables_, index);
   if (row.hasNoPosition) return;
   const SpriteLook look = LookOnMap(row.Name);
   const double x = LonToMapX(row.Lon);
@@ -272,10 +275,13 @@ void MapPainter::PaintStatusLine() {
 void MapPainter::StorePlace() {
   const MapWindowPlace place = host_.PlaceToStore();
   if (!place.storable) return;
-  trap([&] { platform::WriteSetting("WinPosX", std::to_string(place.leftTwips)); });
-  trap([&] { platform::WriteSetting("WinPosY", std::to_string(place.topTwips)); });
-  trap([&] { platform::WriteSetting("WinPosW", std::to_string(place.widthTwips)); });
-  trap([&] { platform::WriteSetting("WinPosH", std::to_string(place.heightTwips)); });
+  const std::array<int, 4> twips{place.leftTwips, place.topTwips, place.widthTwips, place.heightTwips};
+  if (storedTwips_ == twips) return;
+  bool whole = true;
+  for (std::size_t i = 0; i < twips.size(); ++i) {
+    whole = trap([&] { platform::WriteSetting(kPlaceKeys[i], std::to_string(twips[i])); }) && whole;
+  }
+  if (whole) storedTwips_ = twips;
 }
 
 void AlphaBlendPercent(Surface& dest, const PixelRect& to, const Surface& source, const PixelRect& from,

@@ -1,6 +1,5 @@
 #include "views2d/MapWindow.h"
 
-#include <cmath>
 #include <cstdlib>
 
 #include "orbit/TimeHelpers.h"
@@ -10,8 +9,9 @@
 #include "predict/QuickEta.h"
 #include "station/Announcements.h"
 #include "station/Devices.h"
-#include "views2d/MapGeometry.h"
 #include "views2d/SatellitePlot.h"
+
+#include "MapModes.h"
 
 namespace kestrava::views2d {
 
@@ -84,7 +84,12 @@ void MapWindow::Load() {
   });
   trap([&] { view_.SetMarked(MapMark::kAutoSelect, ReadSwitch("AutoSelect", "0")); });
   trap([&] { LoadPicture(); });
-  trap([&] { view_.ApplyPlace(ReadStoredPlace(trap)); });
+  trap([&] {
+    const WindowPlace stored = ReadStoredPlace(trap);
+    const auto beside = view_.PlaceBesideLatestMap(stored);
+    furtherMap_ = beside.has_value();
+    view_.ApplyPlace(beside.value_or(stored));
+  });
   sky_.tables.SelSat = 1;
   sky_.tables.SelSatName = sky_.tables.FaveList[1].Name;
   trap([&] {
@@ -105,24 +110,11 @@ void MapWindow::Activate() {
     if (ReadSwitch("ShowGroundtrack", "1")) CalcGroundTrack(sky_, state_);
   });
   trap([&] { RecalculateSunAndMoon(); });
-  if (HighestFavouriteEntry() != sky_.tables.FaveCount) FillFavouriteMenu();
+  if (HighestFavouriteEntry() != sky_.tables.FaveCount && menuFilledFor_ != sky_.tables.FaveCount) FillFavouriteMenu();
+  trap([&] { FollowNames(); });
   if (view_.IsShown()) {
     timer1_->SetIntervalMs(kFirstTickMs);  // the first paint comes a second after activation
     timer1_->SetEnabled(true);
-  }
-}
-
-void MapWindow::FillFavouriteMenu() {
-  const FaultTrap trap{"map - Form_activate"};
-  for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
-    trap([&] {  // an entry that exists already is logged and passed over; its caption is set all the same
-      view_.CreateFavouriteEntry(i);
-      captions_.emplace_back();
-    });
-    trap([&] {
-      platform::At(captions_, i) = platform::At(sky_.tables.FaveList, i).Name;
-      view_.SetFavouriteCaption(i, captions_[static_cast<std::size_t>(i)]);
-    });
   }
 }
 
@@ -148,12 +140,12 @@ void MapWindow::Timer1Tick() {
   if (!open_) return;
   trap([&] { Gsatroutine(sky_, state_, view_); });
   if (!open_) return;  // closed while the loop yielded
+  trap([&] { FollowNames(); });
+  trap([&] { FollowSelection(); });
   trap([&] { view_.ShowInfoLines(); });
   trap([&] { view_.RepaintMap(); });
   if (!open_) return;
-  trap([&] {  // another window has put another satellite into the selected row
-    if (state_.InfoPaneShown && dataTextOf_ != sky_.tables.SelSatName) FillDataText();
-  });
+  trap([&] { FollowDataText(); });
   if (!open_) return;
   trap([&] { ShowClockBySetting(); });
   trap([&] {
@@ -256,71 +248,20 @@ void MapWindow::InfoModeClicked(int index) {
   view_.ShowQuickEta(index == 1);
 }
 
-void MapWindow::FavouriteClicked(int index) {
-  const FaultTrap trap{"map - menu favelist_Click"};
-  if (index == 0) return;                                 // the heading
-  if (HighestFavouriteEntry() == 0) FillFavouriteMenu();  // selected before the window's first activation
-  trap([&] { sky_.tables.SelSat = platform::ToInt16(index); });
-  trap([&] { sky_.tables.SelSatName = platform::At(captions_, index); });  // no such entry: the old name stays
-  trap([&] {
-    station::TrackingWindow& tracker = station::TheTrackingWindow();
-    if (!tracker.IsVisible()) return;
-    tracker.SelectSatellite(sky_.tables.SelSatName);
-    tracker.UpdateCombos();
-  });
-  trap([&] {
-    if (ReadSetting("ShowGroundtrack", "1") == "1") CalcGroundTrack(sky_, state_);
-  });
-  trap([&] {
-    if (state_.InfoPaneShown) FillDataText();
-  });
-}
-
-void MapWindow::NextSatellite() {
-  const int next = sky_.tables.SelSat + 1;
-  FavouriteClicked(next > sky_.tables.FaveCount ? 1 : next);
-}
-
-void MapWindow::PreviousSatellite() {
-  const int previous = sky_.tables.SelSat - 1;
-  FavouriteClicked(previous < 1 ? sky_.tables.FaveCount : previous);
-}
-
-void MapWindow::FinalMousedown(bool rightButton, double x, double y) {
-  if (rightButton) {
-    view_.PopUpSatelliteMenu();
-    return;
-  }
-  double best = 32700;
-  int pick = 0;
-  for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
-    const orbit::FaveRec& row = platform::At(sky_.tables.FaveList, i);
-    if (row.hasNoPosition) continue;  // what nobody sees is near to nothing
-    const double distance = std::abs(x - LonToX(row.Lon, view_.FinalWidthPx(), state_.MapMode)) +
-                            std::abs(y - LatToY(row.Lat, view_.FinalHeightPx(), state_.MapMode));
-    if (!(distance < best)) continue;  // a row without a place is no nearer than any
-    pick = i;
-    best = platform::RoundHalfEven(distance);
-  }
-  sky_.tables.SelSat = platform::ToInt16(pick);
-  FavouriteClicked(pick);
-}
-
-void MapWindow::QuickEtaItemClicked(std::string_view satellite) {
-  const std::string_view wanted = platform::Trim(satellite);
-  for (int i = 0; i <= HighestFavouriteEntry(); ++i) {
-    if (captions_[static_cast<std::size_t>(i)] != wanted) continue;
-    FavouriteClicked(i);
-    return;
-  }
-}
-
 void MapWindow::ChangeToWorld() {
-  state_.MapMode = WorldMode();
+  ChangeToRegion(WorldMode());
 }
 
 void MapWindow::ChangeToRegion(std::string_view mapMode) {
   state_.MapMode = mapMode;
+  view_.ShowMode();
+}
+
+std::string MapWindow::Title() const {
+  constexpr const char* kTitle = "Kestrava - Map View";
+  if (!furtherMap_) return kTitle;
+  const RegionalMode* mode = FindRegionalMode(state_.MapMode);
+  return std::string(kTitle) + " - " + std::string(mode ? mode->title : "World");
 }
 
 void MapWindow::ToggleAutoSelect() {
@@ -346,17 +287,15 @@ void MapWindow::ToggleSpeech() {
   SaveSwitch("Speech", on);
 }
 
+// The rows may be of another view's moment, and this view's own of a tick some time ago: they are worked out anew for
+// the moment that this map shows.
 void MapWindow::MakeAnnouncement() {
+  CalcRows(sky_, state_);
   station::AnnouncePositions(sky_.tables, false);
 }
 
 void MapWindow::ShowControlPanel() {
   platform::TheWindows().Show("frmCON2D");
-}
-
-void MapWindow::FillDataText() {
-  dataTextOf_ = sky_.tables.SelSatName;
-  if (const auto text = dataText_.Of(sky_.tables.SelSatName)) view_.SetDataText(*text);
 }
 
 void MapWindow::Unload() {
@@ -367,6 +306,7 @@ void MapWindow::Unload() {
   timer2_->SetEnabled(false);
   predict::ForgetQuickEta(view_.QuickEtaList());
   trap([&] { platform::YieldOnce(); });
+  if (view_.AnotherMapIsOpen()) return;  // the tables are its now, and the last one clears them
   for (int i = 0; i <= kClearedTrackRows; ++i) sky_.tables.GroundTrack[static_cast<std::size_t>(i)].lat = 0;
   for (int i = 0; i <= kClearedFootprintRows; ++i) sky_.tables.FootPrint[static_cast<std::size_t>(i)].lat = 0;
 }

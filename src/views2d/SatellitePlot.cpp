@@ -22,6 +22,7 @@ using platform::FaultTrap;
 using platform::ToInt16;
 
 constexpr FaultTrap trap{"Mapview Gsatroutine"};
+constexpr FaultTrap trackTrap{"Mapview CalcGroundTrack"};
 
 /// At this elevation or above the selected satellite keeps the selection, however high another one stands.
 constexpr double kKeepsSelectionDeg = 3.0;
@@ -93,23 +94,28 @@ void TriggerRecorder(orbit::Tables& tables, const WarpClock& warp, std::string_v
   });
 }
 
+void CopyPlace(const orbit::ResultBlock& result, FaveRec& row) {
+  row.Lon = result.SatLon;
+  row.Lat = result.SatLat;
+  row.El = result.SatEl;
+  row.Az = result.SatAz;
+}
+
 void PlotFavourite(const orbit::Sky& sky, MapState& map, MapHost& host, int index, BestOfAll& best) {
   orbit::Tables& tables = sky.tables;
   FaveRec& row = At(tables.FaveList, index);
   row.hasNoPosition = true;
   trap([&] { row.hasNoPosition = !orbit::Satcalc(sky, row.Name, ShownMoment(map.warp), true); });
   TriggerRecorder(tables, map.warp, row.Name);
-  row.Lon = tables.result.SatLon;
-  row.Lat = tables.result.SatLat;
-  row.El = tables.result.SatEl;
-  row.Az = tables.result.SatAz;
+  CopyPlace(tables.result, row);
+  map.work.rows.Keep(tables, index);
   trap([&] {
     const bool higher = !row.hasNoPosition && row.El > best.elevationDeg;
     if (platform::ReadSwitch("AutoSelect", "0") && higher) best = {row.El, index};
   });
   if (index != tables.SelSat) return;
   if (row.hasNoPosition) return ShowNoPosition(row.Name, map, host);
-  CalcFootprint(tables, tables.result.SatHeight, tables.result.SatLat, tables.result.SatLon);
+  CalcFootprint(tables, map, tables.result.SatHeight, tables.result.SatLat, tables.result.SatLon);
   FillInfoPane(tables, row.Name, map, host);
 }
 
@@ -141,10 +147,33 @@ void StepForward(platform::DateParts& moment) {
   }
 }
 
-/// The selected one was the last favourite and is none any more: its row has no name.
-bool SelectionIsGone(const orbit::Tables& tables) {
+/// The selected row; null beyond the table.
+const FaveRec* SelectedRow(const orbit::Tables& tables) {
   const auto rows = static_cast<int>(tables.FaveList.size());
-  return tables.SelSat > 0 && tables.SelSat < rows && At(tables.FaveList, tables.SelSat).Name.empty();
+  return tables.SelSat >= 0 && tables.SelSat < rows ? &At(tables.FaveList, tables.SelSat) : nullptr;
+}
+
+void FillTrack(const orbit::Sky& sky, MapState& map) {
+  orbit::Tables& tables = sky.tables;
+  platform::DateParts moment;
+  trackTrap([&] { moment = ShownMoment(map.warp); });
+  int lastStep = -1;
+  trackTrap([&] {
+    lastStep = platform::ToInt16(kTrackStepsPerMinute * platform::ReadNumberSetting("GroundTrackLen", "90"));
+  });
+  for (int step = 0; step <= lastStep; ++step) {
+    bool found = false;
+    trackTrap([&] { found = orbit::Satcalc(sky, At(tables.FaveList, tables.SelSat).Name, moment, false); });
+    const bool stored = trackTrap([&] {
+      orbit::TrackRec& row = At(map.work.GroundTrack, step);
+      row.lat = tables.result.SatLat;
+      row.lon = tables.result.SatLon;
+      row.colour = tables.result.SatEl <= 0 ? 0x0000FF : 0xFFFFFF;  // red below the horizon, white above
+      row.hasNoPosition = !found;
+    });
+    if (!stored) return;  // beyond the table, as all further steps would be
+    StepForward(moment);
+  }
 }
 
 }  // namespace
@@ -166,42 +195,41 @@ void Gsatroutine(const orbit::Sky& sky, MapState& map, MapHost& host) {
   ShowNoradTime(map, host);
 }
 
-void CalcGroundTrack(const orbit::Sky& sky, const MapState& map) {
-  constexpr FaultTrap trackTrap{"Mapview CalcGroundTrack"};
+void CalcRows(const orbit::Sky& sky, const MapState& map) {
   orbit::Tables& tables = sky.tables;
-  if (tables.SelSat == 0) return;  // the horizon has dropped a satellite that has set, and no other one is up
-  if (SelectionIsGone(tables)) return;
-  platform::DateParts moment;
-  trackTrap([&] { moment = ShownMoment(map.warp); });
-  int lastStep = -1;
-  trackTrap([&] {
-    lastStep = platform::ToInt16(kTrackStepsPerMinute * platform::ReadNumberSetting("GroundTrackLen", "90"));
-  });
-  for (int step = 0; step <= lastStep; ++step) {
-    bool found = false;
-    trackTrap([&] { found = orbit::Satcalc(sky, At(tables.FaveList, tables.SelSat).Name, moment, false); });
-    const bool stored = trackTrap([&] {
-      orbit::TrackRec& row = At(tables.GroundTrack, step);
-      row.lat = tables.result.SatLat;
-      row.lon = tables.result.SatLon;
-      row.colour = tables.result.SatEl <= 0 ? 0x0000FF : 0xFFFFFF;  // red below the horizon, white above
-      row.hasNoPosition = !found;
+  for (int i = 1; i <= tables.FaveCount; ++i) {
+    trap([&] {
+      FaveRec& row = At(tables.FaveList, i);
+      row.hasNoPosition = true;
+      row.hasNoPosition = !orbit::Satcalc(sky, row.Name, ShownMoment(map.warp), false);
+      CopyPlace(tables.result, row);
     });
-    if (!stored) return;  // beyond the table, as all further steps would be
-    StepForward(moment);
   }
 }
 
-void CalcFootprint(orbit::Tables& tables, double heightKm, double latDeg, double lonDeg) {
+void CalcGroundTrack(const orbit::Sky& sky, MapState& map) {
+  orbit::Tables& tables = sky.tables;
+  const FaveRec* selected = SelectedRow(tables);
+  // The horizon has dropped a satellite that has set, and no other one is up; or it was the last favourite and is none
+  // any more. Row 0 has no name either.
+  if (selected && selected->Name.empty()) return;
+  if (selected) map.work.trackOf = {tables.SelSat, selected->Name};
+  FillTrack(sky, map);
+  tables.GroundTrack = map.work.GroundTrack;
+}
+
+void CalcFootprint(orbit::Tables& tables, MapState& map, double heightKm, double latDeg, double lonDeg) {
   constexpr FaultTrap circleTrap{"MapView CalcFootprint"};
   double halfAngleRad = 0;  // a height of 0 leaves it so: all rows hold the sub-point
   circleTrap([&] { halfAngleRad = HorizonHalfAngle(orbit::kEarthRadiusKm + heightKm); });
   const SmallCircle circle{latDeg, lonDeg, halfAngleRad};
+  auto& rows = map.work.FootPrint;
   for (int i = 0; i <= 360; i += 2) {
-    orbit::PointRec& row = tables.FootPrint[static_cast<std::size_t>(i)];
+    orbit::PointRec& row = rows[static_cast<std::size_t>(i)];
     StorePoint(circleTrap, circle.PointAt(2 * orbit::kPi * i / 360), row);
-    tables.FootPrint[static_cast<std::size_t>(i) + 1] = row;
+    rows[static_cast<std::size_t>(i) + 1] = row;
   }
+  tables.FootPrint = rows;
 }
 
 }  // namespace kestrava::views2d

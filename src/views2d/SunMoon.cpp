@@ -44,10 +44,21 @@ void CalcSun(const orbit::Sky& sky, MapState& map, MapHost& host) {
   orbit::Tables& tables = sky.tables;
   trap([&] { orbit::Satcalc(sky, "sun", ShownMoment(map.warp), false); });
   ShowDirection(tables.result, 11, map, host);
-  tables.SunLat = tables.result.SatLat;
-  tables.SunLon = tables.result.SatLon;
-  FillCircle(tables.SunCircle, kSunDistanceKm, kCircleSteps, tables.SunLat, tables.SunLon);
-  FillCircle(tables.SunSeeds, kSeedDistanceKm, kSeedSteps, tables.SunLat, tables.SunLon);
+  MapWork& work = map.work;
+  work.SunLat = tables.result.SatLat;
+  work.SunLon = tables.result.SatLon;
+  FillCircle(work.SunCircle, kSunDistanceKm, kCircleSteps, work.SunLat, work.SunLon);
+  FillCircle(work.SunSeeds, kSeedDistanceKm, kSeedSteps, work.SunLat, work.SunLon);
+}
+
+/// What the system knows by these names is of the map that calculated last.
+void CopyToTables(const MapWork& work, orbit::Tables& tables) {
+  tables.SunCircle = work.SunCircle;
+  tables.SunSeeds = work.SunSeeds;
+  tables.SunLat = work.SunLat;
+  tables.SunLon = work.SunLon;
+  tables.MoonLat = work.MoonLat;
+  tables.MoonLon = work.MoonLon;
 }
 
 void ShowMoonDistance(double distanceKm, MapState& map, MapHost& host) {
@@ -69,8 +80,9 @@ void CalcSunMoon(const orbit::Sky& sky, MapState& map, MapHost& host) {
   ShowDirection(result, 13, map, host);
   trap([&] { ShowMoonDistance(result.SatHeight, map, host); });
   trap([&] { SetRemoteStat(map, host, 16, {"Phase : ", Format(result.SatPhase, "0.0"), "% (", phaseName, ")"}); });
-  sky.tables.MoonLat = result.SatLat;
-  sky.tables.MoonLon = result.SatLon;
+  map.work.MoonLat = result.SatLat;
+  map.work.MoonLon = result.SatLon;
+  CopyToTables(map.work, sky.tables);
 }
 
 const char* MoonPhaseName(double phaseRad) {

@@ -282,6 +282,33 @@ TEST_F(HorizonWindowTest, ClosedInEitherYieldOfAnAnnouncementNothingGoesOn) {
   }
 }
 
+TEST_F(HorizonWindowTest, WhatIsReadClickedAndSpokenIsWhatThePictureShowsWhateverAnotherViewWritesIntoTheRows) {
+  SetFavourites({kStation, "NOAA 15"});
+  GoPastRise(kStation, 120);
+  Open();
+  tables.SelSat = 1;
+  eventLoop.Advance(1);
+  const orbit::FaveRec painted = Fave(1);
+  ASSERT_GT(painted.El, 1);
+  ASSERT_LT(Fave(2).El, 0);
+  view.painter = nullptr;  // no paint comes between
+  PlaceRow(1, kStation, std::fmod(painted.Az + 180, 360), -40);
+  PlaceRow(2, "NOAA 15", painted.Az, painted.El);
+  const double x = painted.Az * 800 / 360;
+  const double y = (90 - painted.El) * 5;
+  EXPECT_EQ(window->WhatLiesAt(x, y).substr(0, 20), "ISS (ZARYA): azimuth");
+  window->FinalMousedown(x, y);
+  EXPECT_EQ(tables.SelSat, 1);
+  speech.said.clear();
+  eventLoop.Advance(7);
+  const std::string azimuth = FloorText(painted.Az);
+  EXPECT_EQ(speech.said, Texts{"Heading " + azimuth + ", Elevation " + FloorText(painted.El)});
+  speech.said.clear();
+  window->MakeAnnouncement();
+  EXPECT_EQ(speech.said,
+            Texts{"The International Space station Azimuth " + azimuth + " Elevation " + FloorText(painted.El) + ". "});
+}
+
 TEST_F(HorizonWindowTest, AClickSelectsTheNearestRowEvenBelowTheHorizonAndFarAway) {
   Open();
   PlaceRow(1, "NOAA 15", 0, 45);

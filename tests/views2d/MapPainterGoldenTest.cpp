@@ -35,12 +35,12 @@ TEST_P(MapPainterGolden, PaintsTheFrozenOperations) {
   AddFavourite("NOAA 15", -60, 200.5);
   AddFavourite("AO-07", 0, 0);
   for (std::size_t i = 0; i < 5; ++i) {
-    tables.GroundTrack[i] = {30 + 1.5 * static_cast<double>(i), 100 - 2.0 * static_cast<double>(i),
-                             i < 3 ? 0x0000FFU : 0xFFFFFFU};
+    map.work.GroundTrack[i] = {30 + 1.5 * static_cast<double>(i), 100 - 2.0 * static_cast<double>(i),
+                               i < 3 ? 0x0000FFU : 0xFFFFFFU};
   }
   for (std::size_t i = 0; i <= 360; ++i) {
     const double angle = static_cast<double>(i / 2 * 2) * 3.14159265358979 / 180;
-    tables.FootPrint[i] = {30 + 20 * std::cos(angle), 100 + 22 * std::sin(angle)};
+    map.work.FootPrint[i] = {30 + 20 * std::cos(angle), 100 + 22 * std::sin(angle)};
   }
   Paint();
   const std::string painted = log.GoldenText();

@@ -135,6 +135,36 @@ TEST_F(MapPainterLabels, ThePlaceOfTheWindowIsWrittenOnEveryPaint) {
   EXPECT_EQ(settings.Get("WinPosX"), "-15");
 }
 
+TEST_F(MapPainterLabels, APlaceThatThisWindowStoredLastIsNotWrittenOverThatOfAnotherMap) {
+  Paint();
+  settings.Set("WinPosX", "9000");  // another map, at a place of its own
+  Paint();
+  EXPECT_EQ(settings.Get("WinPosX"), "9000");
+  host.place.leftTwips = 315;
+  Paint();
+  EXPECT_EQ(settings.Get("WinPosX"), "315") << "moved, it is stored again";
+}
+
+TEST_F(MapPainterLabels, APlaceThatCouldNotBeStoredIsTriedAgain) {
+  settings.FailWrites(platform::Fault::DiskFull());
+  Paint();
+  EXPECT_EQ(TakeFaults().size(), 4U);
+  settings.Mend();
+  Paint();
+  EXPECT_EQ(settings.Get("WinPosH"), "7920");
+}
+
+TEST_F(MapPainterLabels, WithNothingSelectedNeitherTrackNorFootprintStandsThere) {
+  map.work.GroundTrack[0] = {10, 20, 0xFFFFFF};
+  map.work.nothingSelected = true;
+  Paint();
+  EXPECT_EQ(log.IndexOf("Final SetPen #0080ff"), -1);
+  const std::size_t without = log.Of("Final DrawPoint").size();
+  map.work.nothingSelected = false;
+  Paint();
+  EXPECT_EQ(log.Of("Final DrawPoint").size() - without, 181u + 5u);
+}
+
 TEST_F(MapPainterLabels, AMinimisedOrHiddenWindowWritesNoPlace) {
   host.place.storable = false;
   Paint();

@@ -175,9 +175,9 @@ TEST_F(MapPainterTest, TheBlendFunctionIsTheWeightShiftedLeftBySixteenBits) {
 }
 
 TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheLeftLeavesThroughTheEastEdge) {
-  tables.SunCircle.fill({10, 100});
-  tables.SunCircle[1] = {10, 181};  // 438 pixels to the right: still a plain line
-  tables.SunCircle[2] = {10, 179};  // 562 to the left
+  map.work.SunCircle.fill({10, 100});
+  map.work.SunCircle[1] = {10, 181};  // 438 pixels to the right: still a plain line
+  map.work.SunCircle[2] = {10, 179};  // 562 to the left
   Paint();
   EXPECT_EQ(LayerOf("Alpha Clear", "Alpha FloodFill").size(), 4U + 360 + 2);
   const Texts first = log.Between(log.IndexOf("Alpha Clear"), log.IndexOf("Alpha Clear") + 10);
@@ -188,8 +188,8 @@ TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheLeftLeavesThroughThe
 }
 
 TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheRightLeavesThroughTheWestEdge) {
-  tables.SunCircle.fill({10, 179});
-  tables.SunCircle[1] = {10, 181};
+  map.work.SunCircle.fill({10, 179});
+  map.work.SunCircle[1] = {10, 181};
   Paint();
   const int first = log.IndexOf("Alpha LineTo");
   EXPECT_EQ(log.Between(first, first + 3),
@@ -198,8 +198,8 @@ TEST_F(MapPainterTest, AJumpOfMoreThanFiveHundredPixelsToTheRightLeavesThroughTh
 
 TEST_F(MapPainterTest, AJumpOfExactlyFiveHundredPixelsIsStillAStrokeAcross) {
   alpha.Resize(720, 360);  // two pixels to a degree: no rounding
-  tables.SunCircle.fill({10, 180});
-  tables.SunCircle[1] = {10, 290};  // 0 to 500
+  map.work.SunCircle.fill({10, 180});
+  map.work.SunCircle[1] = {10, 290};  // 0 to 500
   Paint();
   const int first = log.IndexOf("Alpha LineTo");
   EXPECT_EQ(log.Between(first, first + 1), Texts{"Alpha LineTo (500,160)"});
@@ -237,8 +237,8 @@ TEST_F(MapPainterTest, SixteenSeedsAreFilledUpToWhite) {
 }
 
 TEST_F(MapPainterTest, TheTrackTakesTwoDotsAMinuteInTheRowsColours) {
-  tables.GroundTrack[0] = {0, 90, 0x0000FF};
-  tables.GroundTrack[1] = {0, 45, 0xFFFFFF};
+  map.work.GroundTrack[0] = {0, 90, 0x0000FF};
+  map.work.GroundTrack[1] = {0, 45, 0xFFFFFF};
   settings.Set("GroundTrackLen", "1");
   Paint();
   EXPECT_EQ(LayerOf("Final SetPen #0000ff", "Final SetPen #0080ff"),
@@ -247,7 +247,7 @@ TEST_F(MapPainterTest, TheTrackTakesTwoDotsAMinuteInTheRowsColours) {
 }
 
 TEST_F(MapPainterTest, ALengthJustRaisedShowsZeroRowsAsDotsAtZeroZero) {
-  for (std::size_t i = 0; i <= 4; ++i) tables.GroundTrack[i] = {45, 90, 0xFFFFFF};
+  for (std::size_t i = 0; i <= 4; ++i) map.work.GroundTrack[i] = {45, 90, 0xFFFFFF};
   Paint();
   EXPECT_EQ(log.Of("Final SetPen #000000").size(), 1U);  // the status line's
   settings.Set("GroundTrackLen", "3");
@@ -287,7 +287,7 @@ TEST_F(MapPainterTest, TrackAndFootprintAreHiddenByTheirSettings) {
 }
 
 TEST_F(MapPainterTest, TheFootprintIsTheEvenRowsInOrangeDots) {
-  for (std::size_t i = 0; i < tables.FootPrint.size(); ++i) tables.FootPrint[i] = {0, static_cast<double>(i) / 2};
+  for (std::size_t i = 0; i < map.work.FootPrint.size(); ++i) map.work.FootPrint[i] = {0, static_cast<double>(i) / 2};
   settings.Set("ShowGroundtrack", "0");
   Paint();
   const Texts layer = LayerOf("Final SetPen #0080ff", "Final SetDrawMode");

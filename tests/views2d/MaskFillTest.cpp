@@ -85,8 +85,8 @@ class MaskFill : public PainterFixture {
     const double latDeg = 90 - (row + 0.5) * 180 / raster.Height();
     const double lonDeg = 180 - (column + 0.5) * 360 / raster.Width();
     const double sine =
-        std::sin(latDeg * kDeg) * std::sin(tables.SunLat * kDeg) +
-        std::cos(latDeg * kDeg) * std::cos(tables.SunLat * kDeg) * std::cos((lonDeg - tables.SunLon) * kDeg);
+        std::sin(latDeg * kDeg) * std::sin(map.work.SunLat * kDeg) +
+        std::cos(latDeg * kDeg) * std::cos(map.work.SunLat * kDeg) * std::cos((lonDeg - map.work.SunLon) * kDeg);
     return std::asin(sine) / kDeg;
   }
 };

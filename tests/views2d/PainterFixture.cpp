@@ -31,8 +31,8 @@ PainterFixture::PainterFixture() {
   painter = std::make_unique<MapPainter>(
       tables, map, MapSurfaces{final, world, alpha, {sunMask, sunPic, moonMask, moonPic, masks, pictures}}, host);
   SetSun(20, 60);
-  tables.MoonLat = -10;
-  tables.MoonLon = 250;
+  map.work.MoonLat = -10;
+  map.work.MoonLon = 250;
   map.RemoteStat[0] = "Satellite : ISS (ZARYA)";
   map.RemoteStat[1] = "Latitude : 10.00 Deg";
   map.RemoteStat[2] = "Longitude : 020.000 W Deg";
@@ -65,13 +65,13 @@ void PainterFixture::AddLocation(const std::string& name, const std::string& lat
 }
 
 void PainterFixture::SetSun(double latDeg, double lonDeg) {
-  tables.SunLat = latDeg;
-  tables.SunLon = lonDeg;
-  for (std::size_t i = 0; i < tables.SunCircle.size(); ++i) {
-    tables.SunCircle[i] = PointFrom(latDeg, lonDeg, 89.99655, static_cast<double>(i));
+  map.work.SunLat = latDeg;
+  map.work.SunLon = lonDeg;
+  for (std::size_t i = 0; i < map.work.SunCircle.size(); ++i) {
+    map.work.SunCircle[i] = PointFrom(latDeg, lonDeg, 89.99655, static_cast<double>(i));
   }
   for (std::size_t i = 0; i < 16; ++i) {
-    tables.SunSeeds[i] = PointFrom(latDeg, lonDeg, 82.67122, static_cast<double>(i) * 24);
+    map.work.SunSeeds[i] = PointFrom(latDeg, lonDeg, 82.67122, static_cast<double>(i) * 24);
   }
 }
 

@@ -58,6 +58,8 @@ class RememberingView : public MapWindowView {
   bool shown = true;
   int skins = 0;
   std::vector<int> place;
+  std::optional<WindowPlace> besideLatestMap;  ///< empty: no other map is open
+  std::vector<std::string> titles;
   MapLayout layout;
   std::string picture;
   int paints = 0;
@@ -92,6 +94,9 @@ class RememberingView : public MapWindowView {
   void ApplyPlace(const WindowPlace& at) override {
     place = {at.leftTwips, at.topTwips, at.widthTwips, at.heightTwips};
   }
+  std::optional<WindowPlace> PlaceBesideLatestMap(const WindowPlace&) const override { return besideLatestMap; }
+  bool AnotherMapIsOpen() const override { return besideLatestMap.has_value(); }
+  void ShowMode() override { titles.push_back(window->Title()); }
   void ApplyLayout(const MapLayout& l) override { layout = l; }
   void LoadWorldPicture(const std::string& file) override { picture = file; }
   void ShowInfoLines() override { order.emplace_back("lines"); }

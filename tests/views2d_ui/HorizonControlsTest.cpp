@@ -102,7 +102,6 @@ TEST_F(HorizonControls, TheDataOfTheSelectedOneStandsInTheBox) {
   for (int i = 1; i <= tables.FaveCount; ++i)
     if (tables.FaveList[static_cast<std::size_t>(i)].Name == "HST") hubble = i;
   ASSERT_GT(hubble, 0);
-  tables.FaveList[static_cast<std::size_t>(hubble)].El = 20;
   ClickAt(Child<QWidget>(horizon, "Final"), SpotOf(horizon, hubble));
   EXPECT_TRUE(Child<QPlainTextEdit>(horizon, "txtSatInfo").toPlainText().startsWith("Data for HST"));
 }

@@ -2,16 +2,19 @@
 #include <QAccessible>
 #include <QAction>
 #include <QPointer>
+#include <QScreen>
 #include <QSlider>
 #include <set>
 
 #include <gtest/gtest.h>
 
+#include "platform/Fault.h"
 #include "platform/qt/LedClockWidget.h"
 #include "platform/qt/SkinButton.h"
 #include "platform/qt/SurfaceWidget.h"
 #include "platform/qt/Widgets.h"
 
+#include "LookCompare.h"
 #include "MapFixture.h"
 #include "support_qt/Shots.h"
 
@@ -131,6 +134,74 @@ TEST_F(MapAsAWindow, TwoMapsKeepTheirOwnModeWarpAndPane) {
   const QImage before = testing::Grab(Child<QWidget>(world, "Final"));
   Run(30);
   EXPECT_NE(testing::Grab(Child<QWidget>(world, "Final")), before) << "the other one goes on";
+}
+
+TEST_F(MapAsAWindow, FromTheSecondOnEachOpensOffsetFromTheOneBeforeWithItsRegionInTheTitle) {
+  settings.Set("WinPosW", "6000");
+  settings.Set("WinPosH", "4500");
+  QWidget& world = Open();
+  world.move(90, 60);
+  QWidget& east = OpenAnother("NEQ");
+  QWidget& south = OpenAnother("SCQ");
+  EXPECT_EQ(east.geometry(), QRect(122, 92, 400, 300));
+  EXPECT_EQ(south.geometry(), QRect(154, 124, 400, 300));
+  EXPECT_EQ(world.windowTitle(), "Kestrava - Map View");
+  EXPECT_EQ(east.windowTitle(), "Kestrava - Map View - North East");
+  EXPECT_EQ(south.windowTitle(), "Kestrava - Map View - South Central");
+  Entry(south, "Mworld").trigger();
+  EXPECT_EQ(south.windowTitle(), "Kestrava - Map View - World");
+  const QRect screen = south.screen()->availableGeometry();
+  for (int i = 0; i < 20; ++i) EXPECT_TRUE(screen.contains(OpenAnother("NWQ").geometry())) << i;
+}
+
+TEST_F(MapAsAWindow, TwoMapsAtDifferentPlacesLeaveTheSettingsAlone) {
+  QWidget& world = Open();
+  OpenAnother("NEQ");
+  Run(4);
+  settings.ForgetAccesses();
+  Run(20);
+  EXPECT_TRUE(settings.Writes().empty()) << settings.Writes().front().first;
+  world.move(77, 88);
+  Run(2);
+  EXPECT_EQ(settings.Get("WinPosX"), std::to_string(77 * 15));
+}
+
+TEST_F(MapAsAWindow, ClosedBesideAnotherItTakesNothingOfTheOthersPicture) {
+  QWidget& world = Open();
+  QWidget& east = OpenAnother("NEQ");
+  Run(3);
+  CloseByUser(east);
+  EXPECT_NE(tables.GroundTrack[10].lat, 0);
+  auto& canvas = Child<SurfaceWidget>(world, "Final");
+  const QImage before = canvas.Back().Image().copy();
+  for (int i = 0; i < 2; ++i) Click(Child<QWidget>(world, "BUTexpand"));  // paints without a step of the time
+  EXPECT_EQ(canvas.Back().Image(), before);
+  CloseByUser(world);
+  EXPECT_EQ(tables.GroundTrack[10].lat, 0);
+}
+
+TEST_F(MapAsAWindow, AMapOfARegionShowsItBeforeItsFirstTick) {
+  Open();
+  QWidget& east = OpenAnother("NEQ");
+  const auto& canvas = Child<SurfaceWidget>(east, "Final");
+  ASSERT_FALSE(canvas.HasPresented());
+  const QImage shown = testing::Grab(Child<QWidget>(east, "Final"));
+  const QImage world(KESTRAVA_SOURCE_DIR "data/sample/Default.jpg");
+  const QRect quarter(world.width() / 2, 0, world.width() / 2, world.height() / 2);
+  const QImage wanted = world.copy(quarter).scaled(shown.size(), Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+  EXPECT_LT(ShareOfDiffering(shown, wanted), 0.1);
+  EXPECT_GT(ShareOfDiffering(shown, world.scaled(shown.size())), 0.3);
+  Shot(east, "map", "idle-region");
+}
+
+TEST_F(MapAsAWindow, AFaultInAPaintsYieldCostsThatPaintAlone) {
+  QWidget& map = Open();
+  eventLoop.AtYield(tables.FaveCount + 1, [] { throw platform::Fault::ObjectNotSet(); });
+  Run(1);
+  EXPECT_EQ(TakeFaults(), std::vector<std::string>{"Object variable not set - map - Timer1"});
+  EXPECT_FALSE(Child<SurfaceWidget>(map, "Final").HasPresented());
+  Run(2);
+  EXPECT_TRUE(Child<SurfaceWidget>(map, "Final").HasPresented());
 }
 
 TEST_F(MapAsAWindow, NarrowerThanItsPaneItStillPaints) {

@@ -7,6 +7,7 @@
 
 #include "platform/Messages.h"
 #include "platform/qt/Fonts.h"
+#include "platform/qt/KeptSize.h"
 #include "platform/qt/Widgets.h"
 #include "views2d/ui/HorizonView.h"
 
@@ -52,6 +53,7 @@ constexpr const char* kInfoStyle =
 }  // namespace
 
 HorizonView::HorizonView(const orbit::Sky& sky) : StationWindow(kHorizonName) {
+  setProperty(platform::qt::kPlaceInSettingsProperty, true);
   setWindowTitle("Kestrava - Panoramic Horizon View");
   behaviour_ = std::make_unique<HorizonWindow>(sky, *this);
   BuildUi();

@@ -3,9 +3,13 @@
 #include <QCursor>
 #include <QHBoxLayout>
 #include <QResizeEvent>
+#include <QScopeGuard>
+#include <QScreen>
 #include <QVBoxLayout>
 
+#include "platform/Doors.h"
 #include "platform/Messages.h"
+#include "platform/qt/KeptSize.h"
 #include "views2d/ui/WorldView.h"
 
 namespace kestrava::views2d::ui {
@@ -13,14 +17,16 @@ namespace kestrava::views2d::ui {
 namespace {
 
 constexpr int kClockWidthPx = 92;
+constexpr int kBesidePx = 32;  // a further map stands so far right of and below the one before
 
 }  // namespace
 
 WorldView::WorldView(const orbit::Sky& sky) : StationWindow(kWorldViewName), sky_(sky) {
-  setWindowTitle("Kestrava - Map View");
+  setProperty(platform::qt::kPlaceInSettingsProperty, true);
   BuildUi();
   ConnectSignals();
   behaviour_->Load();
+  ShowMode();
 }
 
 WorldView::~WorldView() = default;
@@ -89,7 +95,16 @@ bool WorldView::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void WorldView::SetTag(std::string_view mapMode) {
-  behaviour_->State().MapMode = mapMode;
+  behaviour_->ChangeToRegion(mapMode);
+}
+
+// Until the first paint the picture without anything on it stands there: of a region that region.
+void WorldView::ShowMode() {
+  setWindowTitle(platform::qt::ToQt(behaviour_->Title()));
+  if (canvas_->HasPresented()) return;
+  platform::qt::ImageSurface idle(kWorldDesignWidth, kWorldDesignHeight);
+  PaintWorld(idle, pictures_->WorldNormal(), behaviour_->State().MapMode);
+  canvas_->SetIdlePicture(idle.Image());
 }
 
 void WorldView::OnActivated() {
@@ -122,6 +137,30 @@ void WorldView::ApplyPlace(const WindowPlace& place) {
   SetPlace({place.leftTwips, place.topTwips, place.widthTwips, place.heightTwips});
 }
 
+/// The map that was opened last, this one apart; null if it is the only one. While it loads and when it ends it does
+/// not stand in the registry.
+const WorldView* WorldView::LatestOtherMap() const {
+  const WorldView* latest = nullptr;
+  for (const auto& [name, window] : platform::TheWindows().Loaded()) {
+    const auto* map = dynamic_cast<const WorldView*>(window);
+    if (map != nullptr && map != this) latest = map;
+  }
+  return latest;
+}
+
+// Its title and a strip of it stay in sight. Where the screen ends, the next row of maps begins.
+std::optional<WindowPlace> WorldView::PlaceBesideLatestMap(const WindowPlace& place) const {
+  using platform::qt::PixelsToTwips;
+  const WorldView* latest = LatestOtherMap();
+  if (latest == nullptr) return std::nullopt;
+  const QSize size(platform::qt::TwipsToPixels(place.widthTwips), platform::qt::TwipsToPixels(place.heightTwips));
+  const QRect screen = latest->screen()->availableGeometry();
+  QRect beside(latest->normalGeometry().topLeft() + QPoint(kBesidePx, kBesidePx), size);
+  if (beside.right() > screen.right() || beside.bottom() > screen.bottom())
+    beside.moveTopLeft(screen.topLeft() + QPoint(kBesidePx, kBesidePx));
+  return WindowPlace{PixelsToTwips(beside.left()), PixelsToTwips(beside.top()), place.widthTwips, place.heightTwips};
+}
+
 void WorldView::ApplyLayout(const MapLayout& layout) {
   canvas_->setGeometry(0, 0, layout.finalWidth, layout.finalHeight);
   expand_->setGeometry(layout.expandLeft, 0, kExpandWidthPx, layout.finalHeight);
@@ -135,7 +174,6 @@ void WorldView::ApplyLayout(const MapLayout& layout) {
 
 void WorldView::LoadWorldPicture(const std::string& file) {
   pictures_->LoadWorld(file);
-  canvas_->SetIdlePicture(pictures_->WorldNormal().Image());
 }
 
 // Painting goes into a back picture that is shown when it is whole, because the paint yields in the middle.
@@ -144,6 +182,7 @@ void WorldView::RepaintMap() {
   paintAsked_ = true;
   if (painting_) return;
   painting_ = true;
+  const auto ended = qScopeGuard([this] { painting_ = false; });
   while (paintAsked_ && IsOpen()) {
     paintAsked_ = false;
     canvas_->FitToWidget();
@@ -152,7 +191,6 @@ void WorldView::RepaintMap() {
     painter_->RepaintMapScreen();
     if (IsOpen()) canvas_->Present();
   }
-  painting_ = false;
 }
 
 void WorldView::SetDataText(std::string_view text) {

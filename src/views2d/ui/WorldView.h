@@ -34,6 +34,7 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   void BuildUi();
   void ConnectSignals();
   void ConnectButtons();
+  const WorldView* LatestOtherMap() const;
 
   // MapHost and PaintHost
   void RemoteStatChanged(int index) override { changedLines_.set(static_cast<std::size_t>(index)); }
@@ -51,6 +52,9 @@ class WorldView : public platform::qt::StationWindow, public MapWindowView {
   bool IsShown() const override { return isVisible(); }
   void ApplySkin() override { StationWindow::ApplySkin(); }
   void ApplyPlace(const WindowPlace& place) override;
+  std::optional<WindowPlace> PlaceBesideLatestMap(const WindowPlace& place) const override;
+  bool AnotherMapIsOpen() const override { return LatestOtherMap() != nullptr; }
+  void ShowMode() override;
   void ApplyLayout(const MapLayout& layout) override;
   void LoadWorldPicture(const std::string& file) override;
   void ShowInfoLines() override;

@@ -6,6 +6,7 @@
 
 #include "orbit/Satcalc.h"
 #include "platform/Surface.h"
+#include "views2d/PaintedRows.h"
 #include "views2d/SpriteSet.h"
 
 namespace kestrava::views2d {
@@ -44,6 +45,7 @@ struct HorizonState {
   bool SatInfoShown = false;  ///< txtSatInfo is in view
   BodyInSky sun;
   BodyInSky moon;
+  PaintedRows rows;  ///< the favourites as the latest paint had them
 };
 
 struct HorizonSurfaces {

@@ -98,6 +98,7 @@ class HorizonWindow : public HorizonHost {
   void PrimeOwnEngine();
   void LoadScenery();
   void TellSelection(int index);
+  void SayPainted();
   void FlipDirectionMarks();
   double DistanceTo(const orbit::FaveRec& row, double x, double y) const;
   bool LiesOn(const orbit::FaveRec& row, double x, double y) const;

@@ -1,7 +1,11 @@
-// The painter of the map: rebuilds the whole picture from the shared tables in a fixed order of layers, on every tick.
+// The painter of the map: rebuilds the whole picture from what the map has worked out, in a fixed order of layers, on
+// every tick.
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
+#include <string_view>
 
 #include "orbit/Tables.h"
 #include "platform/Surface.h"
@@ -78,7 +82,13 @@ class MapPainter {
   const MapState& map_;
   MapSurfaces surfaces_;
   PaintHost& host_;
+  /// What this window stored last. Two maps at different places would else undo each other's settings on every paint.
+  std::optional<std::array<int, 4>> storedTwips_;
 };
+
+/// The world, or the part of it that a mode shows, over the whole of a surface.
+/// @return 0 if the world is empty; the result of the whole world's blit alone is looked at
+int PaintWorld(platform::Surface& final, const platform::Surface& world, std::string_view mapMode);
 
 /// Blends a source over a destination with a constant weight. @param alpha  0 to 255
 void AlphaBlendPercent(platform::Surface& dest, const platform::PixelRect& to, const platform::Surface& source,

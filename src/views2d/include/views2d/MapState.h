@@ -1,12 +1,14 @@
-// What belongs to one map window: its mode, its warp clock, its slow tick, the texts of its pane. Two maps never share
-// it; the tables and the selection they do share (orbit/Tables.h).
+// What belongs to one map window: its mode, its warp clock, its slow tick, the texts of its pane, and what it has
+// worked out. Two maps never share it; the favourites and the selection they do share (orbit/Tables.h).
 #pragma once
 
 #include <array>
 #include <cstdint>
 #include <string>
 
+#include "orbit/Tables.h"
 #include "platform/SerialDate.h"
+#include "views2d/PaintedRows.h"
 
 namespace kestrava::views2d {
 
@@ -26,6 +28,26 @@ struct WarpClock {
 /// What stands in place of a number where a satellite's elements give no position.
 inline constexpr const char* kNoValue = "--";
 
+/// A selected satellite: its row of the favourites and the name that stood there.
+struct Selection {
+  int row = 0;
+  std::string name;
+  bool operator==(const Selection&) const = default;
+};
+
+/// What one map has worked out, for its own moment, and paints. The shared tables of the same names get a copy at the
+/// end of each calculation, and so hold what the map that calculated last has worked out.
+struct MapWork {
+  decltype(orbit::Tables::GroundTrack) GroundTrack;
+  decltype(orbit::Tables::FootPrint) FootPrint;
+  decltype(orbit::Tables::SunCircle) SunCircle;
+  decltype(orbit::Tables::SunSeeds) SunSeeds;
+  double SunLat = 0, SunLon = 0, MoonLat = 0, MoonLon = 0;  ///< degrees, longitude west positive
+  PaintedRows rows;
+  Selection trackOf;             ///< whose track it is
+  bool nothingSelected = false;  ///< track and footprint are those of a satellite that no one has selected any more
+};
+
 inline constexpr int kRemoteStatCount = 18;
 
 struct MapState {
@@ -34,6 +56,7 @@ struct MapState {
   bool InfoPaneShown = true;
   std::int16_t SlowTick = 0;
   std::array<std::string, kRemoteStatCount> RemoteStat;  ///< the info lines; the window shows them in labels
+  MapWork work;
 };
 
 /// What the map's calculations ask of their window, each call a short one.

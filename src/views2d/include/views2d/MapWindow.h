@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,12 @@ class MapWindowView : public MapHost, public PaintHost {
   virtual bool IsShown() const = 0;
   virtual void ApplySkin() = 0;
   virtual void ApplyPlace(const WindowPlace& place) = 0;
+  /// Where a further map belongs that would stand at a place: offset from the map that was opened last. Nothing if this
+  /// is the only one.
+  virtual std::optional<WindowPlace> PlaceBesideLatestMap(const WindowPlace& place) const = 0;
+  virtual bool AnotherMapIsOpen() const = 0;
+  /// The mode or the title is another one.
+  virtual void ShowMode() = 0;
   virtual void ApplyLayout(const MapLayout& layout) = 0;
   /// Loads the whole-world picture. @throws platform::Fault
   virtual void LoadWorldPicture(const std::string& file) = 0;
@@ -110,6 +117,8 @@ class MapWindow {
   /// @param satellite  text of the clicked row's second column
   void QuickEtaItemClicked(std::string_view satellite);
 
+  /// Of the second map and all further ones it tells the region.
+  std::string Title() const;
   void ChangeToWorld();
   void ChangeToRegion(std::string_view mapMode);
   void ToggleAutoSelect();
@@ -134,14 +143,21 @@ class MapWindow {
   void FillDataText();
   void LoadPicture();
   void FillFavouriteMenu();
+  void AddMissingEntries();
+  void SetCaption(int index);
+  void FollowNames();
+  void FollowSelection();
+  void FollowDataText();
 
   orbit::Sky sky_;
   MapWindowView& view_;
   MapState state_;
   std::vector<std::string> captions_;
+  int menuFilledFor_ = 0;  ///< the number of favourites at the latest activation that filled the menu
   std::unique_ptr<platform::Timer> timer1_;
   std::unique_ptr<platform::Timer> timer2_;
   bool open_ = true;
+  bool furtherMap_ = false;  ///< it was not the only map when it was opened
   DataText dataText_;
   std::string dataTextOf_;  ///< the satellite of which the data text tells
 };
