@@ -90,7 +90,7 @@ TEST_F(NowhereOnTheMap, ItsTrackHasNoDotsAndTheNextSatellitesHasThemAgain) {
   settings.Set("GroundTrackLen", "5");
   SetFavourites({kGone, kNoaa});
   CalcGroundTrack(sky, map);
-  const auto& track = tables.GroundTrack;
+  const auto& track = map.work.GroundTrack;
   EXPECT_TRUE(std::all_of(track.begin(), track.begin() + 11, [](const auto& row) { return row.hasNoPosition; }));
   tables.SelSat = 2;
   CalcGroundTrack(sky, map);
@@ -129,7 +129,7 @@ TEST_F(NowhereOnThePicture, ItsFootprintAndTrackAreNotDrawn) {
   Paint();
   const std::size_t dots = log.Of("Final DrawPoint").size();
   tables.FaveList[1].hasNoPosition = true;
-  for (orbit::TrackRec& row : tables.GroundTrack) row.hasNoPosition = true;
+  for (orbit::TrackRec& row : map.work.GroundTrack) row.hasNoPosition = true;
   Paint();
   constexpr std::size_t kFootprintDots = 181;
   constexpr std::size_t kTrackDots = 5;

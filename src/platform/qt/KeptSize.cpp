@@ -1,5 +1,6 @@
 #include "platform/qt/KeptSize.h"
 
+#include <QLayout>
 #include <QScreen>
 #include <QVariant>
 #include <QWidget>
@@ -27,6 +28,7 @@ void TakeKeptSize(QWidget& window) {
     window.resize(window.screen() ? size.boundedTo(window.screen()->availableSize()) : size);
     if (kept->maximised) window.setWindowState(window.windowState() | Qt::WindowMaximized);
   }
+  if (window.layout() != nullptr) window.layout()->activate();  // may make it larger: that is not the user's doing
   window.setProperty(kFirstSize, window.normalGeometry().size());
   window.setProperty(kFirstMaximised, window.isMaximized());
 }
