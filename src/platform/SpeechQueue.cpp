@@ -5,15 +5,22 @@
 
 namespace kestrava::platform {
 
-void SpeechQueue::Add(std::string_view text, SpeechKind kind) {
-  if (kind == SpeechKind::kPositionReport) {
-    const auto old = std::find_if(waiting_.begin(), waiting_.end(), [&](const Waiting& w) { return w.kind == kind; });
-    if (old != waiting_.end()) {
-      old->text = text;
-      return;
-    }
+bool SpeechQueue::IsToldAlready(std::string_view selection, double nowMs) const {
+  return lastSelection_ && lastSelection_->text == selection && nowMs - lastSelection_->atMs < kSelectionToldMs;
+}
+
+void SpeechQueue::Add(std::string_view text, SpeechKind kind, double nowMs) {
+  const auto old = std::find_if(waiting_.begin(), waiting_.end(), [&](const Waiting& w) { return w.kind == kind; });
+  if (kind == SpeechKind::kSelection && IsToldAlready(text, nowMs)) {
+    if (old != waiting_.end()) waiting_.erase(old);  // it is no longer what is selected
+    return;
   }
-  waiting_.push_back({std::string(text), kind});
+  const bool hasSuccessor = kind == SpeechKind::kPositionReport || kind == SpeechKind::kSelection;
+  if (hasSuccessor && old != waiting_.end()) {
+    old->text = text;
+    return;
+  }
+  waiting_.push_back({std::string(text), kind, nowMs});
 }
 
 void SpeechQueue::BeginAnnouncement() {
@@ -24,11 +31,14 @@ void SpeechQueue::Clear() {
   waiting_.clear();
 }
 
-std::optional<std::string> SpeechQueue::Take() {
+std::optional<std::string> SpeechQueue::Take(double nowMs) {
+  std::erase_if(waiting_,
+                [&](const Waiting& w) { return w.kind == SpeechKind::kAlarm && nowMs - w.sinceMs > kAlarmLastsMs; });
   if (waiting_.empty()) return std::nullopt;
-  std::string text = std::move(waiting_.front().text);
+  Waiting next = std::move(waiting_.front());
   waiting_.pop_front();
-  return text;
+  if (next.kind == SpeechKind::kSelection) lastSelection_ = {next.text, nowMs};
+  return std::move(next.text);
 }
 
 }  // namespace kestrava::platform

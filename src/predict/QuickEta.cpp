@@ -162,7 +162,8 @@ class EtaRun {
     const double every = platform::ReadNumberSetting("SpeechEvery", "2");
     const bool onTheBeat = platform::Modulo(minutes, platform::ToInt32(every)) == 0;
     if (start < minutes || !onTheBeat) return;
-    platform::SayText(orbit::SpokenName(row.name) + " will be in range in " + EtaText(minutes));
+    platform::SayText(orbit::SpokenName(row.name) + " will be in range in " + EtaText(minutes), true,
+                      platform::SpeechKind::kAlarm);
   }
 
   const orbit::Tables& tables_;

@@ -58,6 +58,11 @@ bool SpeechWanted() {
   return platform::ReadSetting("Speechpack", "0") != "0";
 }
 
+int StoredVoice() {
+  const int voice = platform::ToInt16(platform::ReadNumberSetting("Voice", "1"));
+  return voice == 0 ? 1 : voice;
+}
+
 }  // namespace
 
 Launcher::Launcher(LauncherView& view, orbit::Tables& tables, LauncherSetup setup)
@@ -104,6 +109,12 @@ void Launcher::Load() {
   LoadCustomFiles();
   OnLoad([&] { Greet(); });
   OnLoad([&] {
+    using Stage = platform::SpeechCondition::Stage;
+    const Stage stage = platform::TheSpeech().Condition().stage;
+    speechComesUp_ = SpeechWanted() && (stage == Stage::kStarting || stage == Stage::kNoEngine);
+  });
+  FollowSpeech();
+  OnLoad([&] {
     platform::Windows& windows = platform::TheWindows();
     if (platform::ReadSwitch("DDEstartup", "0") && windows.Knows("frmTracker")) windows.Show("frmTracker");
   });
@@ -113,6 +124,20 @@ void Launcher::Load() {
 void Launcher::MakeSpeech() {
   speech_ = setup_.makeSpeech();
   earlierSpeech_ = std::exchange(platform::TheDoors().speech, speech_.get());
+}
+
+/// What the load does not wait for: an engine in a thread of its own finds out later that it cannot be made, or that it
+/// has no such voice.
+void Launcher::FollowSpeech() {
+  if (!speechComesUp_) return;
+  const platform::SpeechCondition condition = platform::TheSpeech().Condition();
+  if (condition.stage == platform::SpeechCondition::Stage::kStarting) return;
+  speechComesUp_ = false;
+  if (condition.stage == platform::SpeechCondition::Stage::kNoEngine) {
+    OnLoadFault(platform::Fault::Automation(condition.why));
+  } else {
+    platform::FaultTrap{kSettingsTrap}([] { platform::TheSpeech().SelectVoice(StoredVoice()); });
+  }
 }
 
 void Launcher::FindAppDir() {
@@ -133,9 +158,8 @@ void Launcher::LauncherLoadAllSettings() {
   trap([&] { store::LoadGroups(tables_); });
   trap([&] { store::LoadLocations(tables_); });
   trap([&] { tables_.LocationName = platform::ReadSetting("Location Name", "Default"); });
-  int voice = 0;
-  trap([&] { voice = platform::ToInt16(platform::ReadNumberSetting("Voice", "1")); });
-  if (voice == 0) voice = 1;
+  int voice = 1;
+  trap([&] { voice = StoredVoice(); });
   trap([&] {
     if (platform::ReadNumberSetting("Speechpack", "0") > 0) platform::TheSpeech().SelectVoice(voice);
   });
@@ -294,6 +318,7 @@ void Launcher::Timer1Tick() {
   const bool alone = platform::TheWindows().VisibleCount() < 2;
   platform::LedClock& clock = view_.Clock();
   if (clock.IsClockVisible() != alone) clock.SetClockVisible(alone);
+  FollowSpeech();
 }
 
 void Launcher::CustomiseClick() {

@@ -116,7 +116,8 @@ void HorizonWindow::SatelliteTaken(int index) {
 }
 
 void HorizonWindow::TellSelection(int index) {
-  platform::SayText("Selected Satellite " + orbit::SpokenName(platform::At(sky_.tables.FaveList, index).Name));
+  platform::SayText("Selected Satellite " + orbit::SpokenName(platform::At(sky_.tables.FaveList, index).Name), true,
+                    platform::SpeechKind::kSelection);
 }
 
 double HorizonWindow::DistanceTo(const orbit::FaveRec& row, double x, double y) const {

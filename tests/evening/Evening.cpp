@@ -175,6 +175,23 @@ void EveningStation::TakeFindings() {
   record_.messages = station_.Messages();
 }
 
+std::string_view SortOf(platform::SpeechKind kind) {
+  using Kind = platform::SpeechKind;
+  switch (kind) {
+    case Kind::kPositionReport:
+      return "report       ";
+    case Kind::kAnnouncement:
+      return "announcement ";
+    case Kind::kSelection:
+      return "selection    ";
+    case Kind::kAlarm:
+      return "alarm        ";
+    case Kind::kSentence:
+      break;
+  }
+  return "sentence     ";
+}
+
 std::string LineOf(const VoiceEvent& event) {
   using What = VoiceEvent::What;
   switch (event.what) {
@@ -191,9 +208,7 @@ std::string LineOf(const VoiceEvent& event) {
     case What::kSaid:
       break;
   }
-  const bool report = event.kind == platform::SpeechKind::kPositionReport;
-  const bool announcement = event.kind == platform::SpeechKind::kAnnouncement;
-  return (report ? "report       " : announcement ? "announcement " : "sentence     ") + ("[" + event.text + "]");
+  return std::string(SortOf(event.kind)) + "[" + event.text + "]";
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <sstream>
 
 #include "evening/EveningRules.h"
@@ -129,6 +130,8 @@ TEST_F(EveningRules, NothingElseIsSaidAndEachTextIsOfItsKind) {
     EXPECT_EQ(sorts, 1) << text;
     const SpeechKind kind = IsReport(text)         ? SpeechKind::kPositionReport
                             : IsAnnouncement(text) ? SpeechKind::kAnnouncement
+                            : IsSelection(text)    ? SpeechKind::kSelection
+                            : IsAlarm(text)        ? SpeechKind::kAlarm
                                                    : SpeechKind::kSentence;
     EXPECT_EQ(event.kind, kind) << text;
   }
@@ -196,7 +199,7 @@ TEST_F(EveningRules, ListenerNeverHearsAReportThatHasASuccessor) {
 
 TEST_F(EveningRules, NoSentenceIsLostBeforeTheUserAsksForQuiet) {
   const double quietS = TimesOf(Deed::kEscapeInHorizon).front() - 60;  // a queue is shorter than this
-  const auto isSentence = [](const std::string& text) { return !IsReport(text) && !IsAnnouncement(text); };
+  const auto isSentence = [](const std::string& text) { return IsWelcome(text) || IsRise(text); };
   Lines said;
   for (const VoiceEvent& event : TheEvening().voice.events)
     if (event.what == What::kSaid && isSentence(event.text) && event.atS < quietS) said.push_back(event.text);
@@ -204,6 +207,39 @@ TEST_F(EveningRules, NoSentenceIsLostBeforeTheUserAsksForQuiet) {
   ASSERT_GE(heard.size(), said.size());
   heard.resize(said.size());
   EXPECT_EQ(heard, said);
+}
+
+TEST_F(EveningRules, ListenerHearsOneSelectionAtTheEndOfAPassThatIsSelectedAnewAtEveryTick) {
+  const auto& events = TheEvening().voice.events;
+  std::map<std::string, int> timesInTheMinute;
+  int most = 0;
+  for (const VoiceEvent& event : events)
+    if (IsSelection(event.text))
+      most = std::max(most, ++timesInTheMinute[ClockOf(event.atS).substr(0, 5) + event.text]);
+  EXPECT_GE(most, 9) << "the evening does not show it";
+  std::map<std::string, double> heardAtS;
+  for (const HeardText& heard : TheEvening().voice.heard) {
+    if (!IsSelection(heard.text)) continue;
+    const auto earlier = heardAtS.find(heard.text);
+    EXPECT_TRUE(earlier == heardAtS.end() || heard.fromS - earlier->second >= 60) << ClockOf(heard.fromS);
+    heardAtS[heard.text] = heard.fromS;
+  }
+}
+
+TEST_F(EveningRules, ListenerNeverHearsAnAlarmOlderThanHalfAMinute) {
+  const auto& events = TheEvening().voice.events;
+  int heardAlarms = 0;
+  for (const HeardText& heard : TheEvening().voice.heard) {
+    if (!IsAlarm(heard.text)) continue;
+    ++heardAlarms;
+    EXPECT_TRUE(std::any_of(events.begin(), events.end(),
+                            [&](const VoiceEvent& event) {
+                              return event.text == heard.text && event.atS <= heard.fromS &&
+                                     heard.fromS - event.atS <= 30;
+                            }))
+        << ClockOf(heard.fromS) << " " << heard.text;
+  }
+  EXPECT_GT(heardAlarms, 0);
 }
 
 TEST(SilentEvening, WithSpeechpackAtZeroTheVoiceIsNeverEvenTouched) {

@@ -25,7 +25,7 @@ void EveningVoice::Write(VoiceEvent::What what, std::string text, platform::Spee
 
 void EveningVoice::Speak(std::string_view text, platform::SpeechKind kind) {
   Write(VoiceEvent::What::kSaid, std::string(text), kind);
-  queue_.Add(text, kind);
+  queue_.Add(text, kind, clock_.ElapsedMs());
   if (!mouth_->Enabled()) SpeakNext();
 }
 
@@ -56,7 +56,7 @@ void EveningVoice::SelectVoice(int index) {
 }
 
 void EveningVoice::SpeakNext() {
-  const auto text = queue_.Take();
+  const auto text = queue_.Take(clock_.ElapsedMs());
   mouth_->SetEnabled(false);
   if (!text) return;
   record_.heard.push_back({NowS(), *text, true});

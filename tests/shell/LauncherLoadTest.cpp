@@ -171,6 +171,51 @@ TEST_F(LauncherLoad, AVoiceThatFailsWhenItIsFirstTouchedIsTurnedOffOnce) {
       << "neither the choice of the voice nor the welcome touches it again";
 }
 
+/// An engine that still comes up when the load is over.
+testing::RecordingSpeech& UseSlowVoice(LauncherSetup& setup) {
+  auto voice = std::make_unique<testing::RecordingSpeech>();
+  testing::RecordingSpeech& engine = *voice;
+  engine.condition = {platform::SpeechCondition::Stage::kStarting, {}};
+  setup.makeSpeech = [made = std::make_shared<std::unique_ptr<testing::RecordingSpeech>>(std::move(voice))] {
+    return std::move(*made);
+  };
+  return engine;
+}
+
+TEST_F(LauncherLoad, AVoiceThatFailsInItsThreadAfterTheLoadIsTurnedOffOnce) {
+  settings.Set("Speechpack", "1");
+  LauncherSetup setup = NewSetup();
+  testing::RecordingSpeech& voice = UseSlowVoice(setup);
+  Launcher launcher(view, tables, setup);
+  launcher.Load();
+  launcher.Timer1Tick();
+  EXPECT_EQ(settings.Get("Speechpack"), "1") << "it may still come up";
+  voice.condition = {platform::SpeechCondition::Stage::kNoEngine, "no speech engine could be made"};
+  messages.ExpectMessage(
+      "There was an 'automation error', this is normally a problem with the speech engine not being installed "
+      "properly, but if you havn't installed the speech, then it may be a problem with either DirectX or your Display "
+      "Driver - Automation error: no speech engine could be made");
+  launcher.Timer1Tick();
+  launcher.Timer1Tick();
+  EXPECT_EQ(settings.Get("Speechpack"), "0");
+  EXPECT_EQ(TakeFaults(), Strings{"Automation error: no speech engine could be made - Main Form Load"});
+}
+
+TEST_F(LauncherLoad, AVoiceThatIsNotThereIsLoggedWhenTheEngineHasComeUp) {
+  settings.Set("Speechpack", "1");
+  settings.Set("Voice", "2");
+  LauncherSetup setup = NewSetup();
+  testing::RecordingSpeech& voice = UseSlowVoice(setup);
+  Launcher launcher(view, tables, setup);
+  launcher.Load();
+  EXPECT_EQ(TakeFaults(), Strings());
+  voice.voices = {"English"};
+  voice.condition = {platform::SpeechCondition::Stage::kUntried, {}};
+  launcher.Timer1Tick();
+  launcher.Timer1Tick();
+  EXPECT_EQ(TakeFaults(), Strings{"Subscript out of range - LauncherLoadAllSettings"});
+}
+
 TEST_F(LauncherLoad, AnEngineThatCannotBeMadeIsLoggedAndTheActivationUnloadsTheWindow) {
   LauncherSetup setup = NewSetup();
   setup.makeEngine = []() -> std::unique_ptr<orbit::OrbitEngine> { throw Fault(429, "Cannot create object"); };

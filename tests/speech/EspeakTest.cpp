@@ -134,7 +134,9 @@ TEST(Espeak, EveryVoiceOfTheListCanSpeak) {
 TEST(Espeak, SpeaksThroughTheEngineOfTheStation) {
   const auto script = std::make_shared<VoiceScript>();
   platform::StationVoice voice({MakeEspeak, [script] { return std::make_unique<ScriptedSink>(script); }});
+  platform::SystemStopwatch watch;
   voice.SetSpeed(250);
+  RecordProperty("first_call_ms", std::to_string(watch.ElapsedMs()));
   voice.Speak(kSentence, platform::SpeechKind::kSentence);
   ASSERT_TRUE(script->Until([](VoiceScript& s) { return s.finished == 1; }));
   const std::size_t quick = script->samplesTaken;

@@ -9,6 +9,7 @@
 #include <memory>
 #include <mutex>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "platform/linux/StationVoice.h"
@@ -27,12 +28,15 @@ struct VoiceScript {
   // What the parts shall do.
   Server server = Server::kUp;
   std::size_t room = SIZE_MAX;      ///< samples that the sink still takes
+  bool makingIsStuck = false;       ///< the synthesiser is not made yet
   bool synthesiserIsStuck = false;  ///< Say does not return
   bool synthesiserRefuses = false;  ///< samples are offered until they are no longer wanted
   bool noPatienceLeft = false;      ///< the sink gives a hanging server up
+  double nowMs = 0;
 
   // What they have done.
   int synthesisersMade = 0;
+  std::thread::id madeBy;
   std::vector<std::string> said;
   std::vector<int> speeds;
   std::vector<std::size_t> voices;
@@ -66,7 +70,11 @@ struct VoiceScript {
 class ScriptedSynthesiser : public platform::Synthesiser {
  public:
   explicit ScriptedSynthesiser(std::shared_ptr<VoiceScript> script) : script_(std::move(script)) {
-    script_->Tell([](VoiceScript& s) { ++s.synthesisersMade; });
+    std::unique_lock guard(script_->lock);
+    ++script_->synthesisersMade;
+    script_->madeBy = std::this_thread::get_id();
+    script_->changed.notify_all();
+    script_->changed.wait_for(guard, kLongestWait, [&] { return !script_->makingIsStuck; });
   }
   ~ScriptedSynthesiser() override {
     script_->Tell([](VoiceScript& s) { ++s.gone; });
@@ -155,7 +163,8 @@ class ScriptedSink : public platform::SpeechSink {
 
 inline platform::VoiceParts ScriptedParts(const std::shared_ptr<VoiceScript>& script) {
   return {[script] { return std::make_unique<ScriptedSynthesiser>(script); },
-          [script] { return std::make_unique<ScriptedSink>(script); }};
+          [script] { return std::make_unique<ScriptedSink>(script); },
+          [script] { return script->Ask([](VoiceScript& s) { return s.nowMs; }); }};
 }
 
 }  // namespace kestrava::speech

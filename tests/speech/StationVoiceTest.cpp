@@ -2,6 +2,7 @@
 #include <memory>
 #include <stdexcept>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -18,6 +19,7 @@ namespace {
 using platform::Fault;
 using platform::SpeechKind;
 using platform::StationVoice;
+using Stage = platform::SpeechCondition::Stage;
 using Lines = std::vector<std::string>;
 
 class StationVoiceTests : public ::testing::Test {
@@ -37,6 +39,7 @@ class StationVoiceTests : public ::testing::Test {
     voice->Speak("long", SpeechKind::kSentence);
     ASSERT_TRUE(script->Until([](VoiceScript& s) { return s.samplesTaken == 5; }));
   }
+  platform::SpeechCondition::Stage StageNow() const { return voice->Condition().stage; }
   void Tell(Server server) {
     script->Tell([&](VoiceScript& s) { s.server = server; });
   }
@@ -53,19 +56,51 @@ TEST_F(StationVoiceTests, NothingIsMadeBeforeSomebodyNeedsIt) {
   EXPECT_EQ(script->synthesisersMade, 0);
 }
 
+TEST_F(StationVoiceTests, TheEngineIsMadeInItsOwnThreadAndNoCallWaitsForIt) {
+  script->Tell([](VoiceScript& s) { s.makingIsStuck = true; });
+  voice->SetSpeed(200);
+  voice->SelectVoice(2);
+  voice->Prepare();
+  voice->Speak("first", SpeechKind::kSentence);
+  voice->Stop();
+  voice->Speak("second", SpeechKind::kSentence);
+  EXPECT_EQ(StageNow(), Stage::kStarting);
+  EXPECT_EQ(voice->State(), "being made");
+  script->Tell([](VoiceScript& s) { s.makingIsStuck = false; });
+  ASSERT_TRUE(UntilSaid({"second"}));
+  EXPECT_EQ(script->Ask([](VoiceScript& s) { return s.speeds; }), std::vector<int>{200});
+  EXPECT_EQ(script->Ask([](VoiceScript& s) { return s.voices; }), std::vector<std::size_t>{1});
+  EXPECT_NE(script->Ask([](VoiceScript& s) { return s.madeBy; }), std::this_thread::get_id());
+}
+
+TEST_F(StationVoiceTests, TheVoicesAreToldWhenTheEngineHasBeenMade) {
+  EXPECT_EQ(voice->Voices(), (Lines{"English", "Scottish", "Swedish"}));
+  EXPECT_EQ(StageNow(), Stage::kUntried) << "no server has been asked";
+}
+
+TEST_F(StationVoiceTests, AVoiceChosenBeforeTheEngineIsThereThatItHasNotIsLeftOut) {
+  script->Tell([](VoiceScript& s) { s.makingIsStuck = true; });
+  voice->SelectVoice(4);
+  voice->Speak("all the same", SpeechKind::kSentence);
+  script->Tell([](VoiceScript& s) { s.makingIsStuck = false; });
+  ASSERT_TRUE(UntilHeardOut());
+  EXPECT_EQ(Said(), Lines{"all the same"});
+  EXPECT_TRUE(script->Ask([](VoiceScript& s) { return s.voices; }).empty());
+}
+
 TEST_F(StationVoiceTests, AnEngineThatCannotBeMadeIsTheAutomationError) {
   StationVoice mute({[]() -> std::unique_ptr<platform::Synthesiser> { throw Fault::Automation("no data"); },
                      [this] { return std::make_unique<ScriptedSink>(script); }});
+  EXPECT_TRUE(mute.Voices().empty());
+  EXPECT_EQ(mute.State(), "no speech engine could be made");
+  EXPECT_EQ(mute.Condition().stage, Stage::kNoEngine);
+  EXPECT_EQ(mute.Condition().why, "no speech engine could be made");
   try {
-    mute.SetSpeed(180);
+    mute.Speak("hello", SpeechKind::kSentence);
     FAIL() << "there was no fault";
   } catch (const Fault& fault) {
     EXPECT_STREQ(fault.what(), "Automation error: no speech engine could be made");
   }
-  EXPECT_THROW(mute.Speak("hello", SpeechKind::kSentence), Fault);
-  EXPECT_THROW(mute.SelectVoice(1), Fault);
-  EXPECT_TRUE(mute.Voices().empty());
-  EXPECT_EQ(mute.State(), "no speech engine could be made");
 }
 
 TEST_F(StationVoiceTests, AnEngineThatCouldNotBeMadeIsNotTriedAgainForEverySentence) {
@@ -75,19 +110,59 @@ TEST_F(StationVoiceTests, AnEngineThatCouldNotBeMadeIsNotTriedAgainForEverySente
                        throw Fault::Automation("no data");
                      },
                      [this] { return std::make_unique<ScriptedSink>(script); }});
-  EXPECT_THROW(mute.SetSpeed(180), Fault);
+  EXPECT_TRUE(mute.Voices().empty());
   EXPECT_THROW(mute.Speak("hello", SpeechKind::kSentence), Fault);
   EXPECT_THROW(mute.Speak("hello again", SpeechKind::kSentence), Fault);
   EXPECT_EQ(tries, 1);
-  EXPECT_THROW(mute.SetSpeed(180), Fault);
-  EXPECT_EQ(tries, 2) << "who sets it up anew tries again";
+  mute.Prepare();
+  EXPECT_TRUE(mute.Voices().empty());
+  EXPECT_GE(tries, 2) << "who sets it up anew tries again";
 }
 
 TEST_F(StationVoiceTests, AMachineWithoutDescriptorsForTheSinkHasNoEngineEither) {
   StationVoice mute({[this] { return std::make_unique<ScriptedSynthesiser>(script); },
                      []() -> std::unique_ptr<platform::SpeechSink> { throw Fault::DeviceError(); }});
-  EXPECT_THROW(mute.SetSpeed(180), Fault);
+  EXPECT_TRUE(mute.Voices().empty());
+  EXPECT_EQ(mute.Condition().stage, Stage::kNoEngine);
   EXPECT_EQ(script->gone, 1) << "the synthesiser is given back";
+}
+
+TEST_F(StationVoiceTests, ThatASoundServerAnswersIsFoundOutWithoutAWord) {
+  EXPECT_EQ(StageNow(), Stage::kNotUsed);
+  voice->Prepare();
+  ASSERT_TRUE(UntilHeardOut());
+  EXPECT_EQ(StageNow(), Stage::kHeard);
+  EXPECT_TRUE(Said().empty());
+}
+
+TEST_F(StationVoiceTests, ThatNoSoundServerIsThereIsFoundOutWithoutAWord) {
+  Tell(Server::kMissing);
+  voice->Prepare();
+  ASSERT_TRUE(script->Until([](VoiceScript& s) { return s.closed == 1; }));
+  EXPECT_EQ(StageNow(), Stage::kNoSound);
+  EXPECT_EQ(voice->Condition().why, "no scripted server");
+}
+
+TEST_F(StationVoiceTests, AnAlarmThatWaitedTooLongBehindASentenceIsNotSaid) {
+  BeginLongSentence();
+  voice->Speak("HST will be in range in 2 minutes", SpeechKind::kAlarm);
+  script->Tell([](VoiceScript& s) { s.nowMs = 30001; });
+  voice->Speak("NOAA 15 will be in range in 2 minutes", SpeechKind::kAlarm);
+  script->Tell([](VoiceScript& s) { s.room = SIZE_MAX; });
+  ASSERT_TRUE(UntilHeardOut());
+  EXPECT_EQ(Said(), (Lines{"long", "NOAA 15 will be in range in 2 minutes"}));
+}
+
+TEST_F(StationVoiceTests, ASelectionThatIsMadeAnewEachSecondIsSaidOnce) {
+  for (int second = 0; second < 9; ++second) {
+    script->Tell([&](VoiceScript& s) { s.nowMs = 1000.0 * second; });
+    voice->Speak("Selected Satellite HST", SpeechKind::kSelection);
+    if (second > 0) continue;
+    ASSERT_TRUE(UntilHeardOut());
+  }
+  voice->Speak("end", SpeechKind::kSentence);
+  ASSERT_TRUE(UntilHeardOut(2));
+  EXPECT_EQ(Said(), (Lines{"Selected Satellite HST", "end"}));
 }
 
 TEST_F(StationVoiceTests, SaysSentencesInOrderAndFallsIdle) {

@@ -79,7 +79,14 @@ class RecordingSpeech : public platform::SpeechEngine {
   }
 
   std::string State() const override { return "recording"; }
+  void Prepare() override {
+    Check();
+    ++preparations;
+  }
+  platform::SpeechCondition Condition() const override { return condition; }
 
+  platform::SpeechCondition condition;
+  int preparations = 0;
   std::vector<std::string> said;
   std::vector<platform::SpeechKind> kinds;  // one for each text said
   int announcements = 0;

@@ -1,12 +1,14 @@
 #include "platform/linux/StationVoice.h"
 
 #include <algorithm>
+#include <clocale>
 #include <cmath>
 #include <csignal>
 #include <system_error>
 #include <utility>
 
 #include "platform/Fault.h"
+#include "platform/linux/SystemClock.h"
 
 #include "SpeechWorker.h"
 
@@ -25,24 +27,38 @@ void BlockAllSignals() {
 
 }  // namespace
 
+std::function<double()> StopwatchOfSpeech() {
+  return [watch = std::make_shared<SystemStopwatch>()] { return watch->ElapsedMs(); };
+}
+
 StationVoice::StationVoice(VoiceParts parts) : parts_(std::move(parts)) {}
 
 StationVoice::~StationVoice() {
+  LetGo();
+}
+
+void StationVoice::LetGo() const {
   if (!worker_) return;
   if (worker_->End(kEndPatienceMs)) {
     thread_.join();
   } else {
     thread_.detach();  // it holds all that it uses
   }
+  worker_.reset();
+}
+
+bool StationVoice::HasFailed() const {
+  return worker_ && worker_->Condition().stage == SpeechCondition::Stage::kNoEngine;
 }
 
 SpeechWorker& StationVoice::Worker() const {
+  if (HasFailed()) LetGo();
   if (worker_) return *worker_;
-  failed_ = true;
+  // The synthesiser asks for this locale when it comes up. By then it is in force, and nothing changes for a thread
+  // that reads the locale at that moment.
+  std::setlocale(LC_CTYPE, "C.UTF-8");
   try {
-    auto synthesiser = parts_.makeSynthesiser();
-    voices_ = synthesiser->Voices();
-    auto worker = std::make_shared<SpeechWorker>(std::move(synthesiser), parts_.makeSink());
+    auto worker = std::make_shared<SpeechWorker>(parts_);
     thread_ = std::thread([worker] {
       BlockAllSignals();
       worker->Run();
@@ -50,15 +66,12 @@ SpeechWorker& StationVoice::Worker() const {
     worker_ = std::move(worker);
   } catch (const std::system_error&) {
     throw Fault::Automation(kNoEngine);
-  } catch (const Fault&) {
-    throw Fault::Automation(kNoEngine);
   }
-  failed_ = false;
   return *worker_;
 }
 
 void StationVoice::Speak(std::string_view text, SpeechKind kind) {
-  if (failed_) throw Fault::Automation(kNoEngine);  // not tried again for every sentence, only when it is set up
+  if (HasFailed()) throw Fault::Automation(kNoEngine);  // not tried again for every sentence, only when it is set up
   Worker().Speak(text, kind);
 }
 
@@ -77,22 +90,27 @@ void StationVoice::SetSpeed(double wordsPerMinute) {
 
 std::vector<std::string> StationVoice::Voices() const {
   try {
-    Worker();
+    return Worker().Voices(kStartPatienceMs);
   } catch (const Fault&) {
     return {};
   }
-  return voices_;
 }
 
 void StationVoice::SelectVoice(int index) {
-  SpeechWorker& worker = Worker();
-  At(voices_, index - 1);
-  worker.SelectVoice(static_cast<std::size_t>(index - 1));
+  if (index < 1) throw Fault::SubscriptOutOfRange();
+  Worker().SelectVoice(static_cast<std::size_t>(index - 1));
 }
 
 std::string StationVoice::State() const {
-  if (worker_) return worker_->State();
-  return failed_ ? kNoEngine : "not used yet";
+  return worker_ ? worker_->State() : "not used yet";
+}
+
+void StationVoice::Prepare() {
+  Worker().Probe();
+}
+
+SpeechCondition StationVoice::Condition() const {
+  return worker_ ? worker_->Condition() : SpeechCondition{SpeechCondition::Stage::kNotUsed, {}};
 }
 
 }  // namespace kestrava::platform

@@ -12,6 +12,22 @@ enum class SpeechKind {
   kSentence,        ///< waits its turn, and none is lost
   kPositionReport,  ///< of no use once it is old: its successor takes its place while it waits
   kAnnouncement,    ///< one sentence of a full announcement: the next announcement empties what is left of this one
+  kSelection,       ///< takes the place of one that still waits; the one said last is not said again within a minute
+  kAlarm,           ///< of a rise to come, by minutes: wrong after half a minute of waiting, and then left out
+};
+
+/// Whether what is said would be heard, as far as that is known by now.
+struct SpeechCondition {
+  enum class Stage {
+    kNotUsed,   ///< nobody has needed the engine yet
+    kStarting,  ///< it is being made
+    kNoEngine,  ///< it could not be made
+    kUntried,   ///< it is there; whether anybody hears it shows when a sound server has answered
+    kNoSound,   ///< no sound server takes what it says
+    kHeard,
+  };
+  Stage stage = Stage::kHeard;
+  std::string why;  ///< of kNoEngine and kNoSound
 };
 
 class SpeechEngine {
@@ -31,6 +47,10 @@ class SpeechEngine {
   virtual void SelectVoice(int index) = 0;
   /// One short line for System information: what engine there is, and whether it is heard.
   virtual std::string State() const = 0;
+  /// Begins to make the engine, anew where that had failed, and to look for a sound server, without a word. Returns at
+  /// once: Condition tells what came of it.
+  virtual void Prepare() {}
+  virtual SpeechCondition Condition() const { return {}; }
 };
 
 /// The engine of a station without a voice.
@@ -43,6 +63,9 @@ class SilentSpeech : public SpeechEngine {
   std::vector<std::string> Voices() const override { return {}; }
   void SelectVoice(int) override {}
   std::string State() const override { return "none"; }
+  SpeechCondition Condition() const override {
+    return {SpeechCondition::Stage::kNoEngine, "this station has no speech engine"};
+  }
 };
 
 /// Says a text if the setting Speechpack is not "0". A fault of the engine is dropped without a word.

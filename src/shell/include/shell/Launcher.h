@@ -51,7 +51,8 @@ class Launcher {
   /// The clock as LEDclocks wants it: the last step of the activation.
   void ShowClockMode();
 
-  /// Every second: the launcher's clock shows only while the launcher is alone.
+  /// Every second: the launcher's clock shows only while the launcher is alone. A speech engine that still came up when
+  /// the load was over is followed until it is there.
   void Timer1Tick();
 
   /// Opens the link of cust2.dat, or says that it could not be opened.
@@ -73,6 +74,7 @@ class Launcher {
  private:
   void RememberFavourites();
   void MakeSpeech();
+  void FollowSpeech();
   void FindAppDir();
   void LoadCustomFiles();
   void Greet();
@@ -93,6 +95,7 @@ class Launcher {
   std::unique_ptr<orbit::OrbitEngine> ownEngine_;
   std::unique_ptr<platform::SpeechEngine> speech_;
   platform::SpeechEngine* earlierSpeech_ = nullptr;
+  bool speechComesUp_ = false;
   std::string customTarget_;
   std::set<std::string> toldPlaces_;         ///< complaints about the stored place
   std::optional<std::string> favesAtStart_;  ///< all bytes of faves.dat before the load

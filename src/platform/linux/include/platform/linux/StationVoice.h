@@ -17,15 +17,20 @@ namespace kestrava::platform {
 
 class SpeechWorker;
 
-/// What the engine is made of.
+std::function<double()> StopwatchOfSpeech();
+
+/// What the engine is made of, in its thread.
 struct VoiceParts {
   std::function<std::unique_ptr<Synthesiser>()> makeSynthesiser = MakeEspeak;
   std::function<std::unique_ptr<SpeechSink>()> makeSink = [] { return MakePulseSink(); };
+  /// The stopwatch of what waits. Called by both threads.
+  std::function<double()> elapsedMs = StopwatchOfSpeech();
 };
 
-/// Nothing is made, started or connected before the first call that needs it. No call waits for the sound server or for
-/// the thread. Where no sound server answers, what waits is dropped, and the next sentence tries again.
-/// Speak, SetSpeed and SelectVoice throw Fault::Automation where the engine cannot be made; it has no voices then.
+/// Nothing is made, started or connected before the first call that needs it. No call waits for the sound server, and
+/// only Voices for the engine to be made. Where no sound server answers, what waits is dropped, and the next sentence
+/// tries again. Where the engine could not be made Speak throws Fault::Automation, and Prepare, SetSpeed, SelectVoice
+/// and Voices try again; it has no voices then.
 class StationVoice : public SpeechEngine {
  public:
   explicit StationVoice(VoiceParts parts = {});
@@ -41,18 +46,21 @@ class StationVoice : public SpeechEngine {
   std::vector<std::string> Voices() const override;
   void SelectVoice(int index) override;
   std::string State() const override;
+  void Prepare() override;
+  SpeechCondition Condition() const override;
 
   static constexpr int kEndPatienceMs = 400;
+  static constexpr int kStartPatienceMs = 2000;
 
  private:
   SpeechWorker& Worker() const;
+  bool HasFailed() const;
+  void LetGo() const;
 
   VoiceParts parts_;
   // Made by the first question, whichever it is.
   mutable std::shared_ptr<SpeechWorker> worker_;
-  mutable std::vector<std::string> voices_;
   mutable std::thread thread_;
-  mutable bool failed_ = false;
 };
 
 }  // namespace kestrava::platform
