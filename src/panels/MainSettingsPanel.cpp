@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "platform/Doors.h"
@@ -17,6 +18,7 @@ using platform::FaultTrap;
 using platform::ReadSetting;
 using platform::TheMessages;
 using platform::WriteSetting;
+using SpeechStage = platform::SpeechCondition::Stage;
 
 namespace {
 
@@ -24,6 +26,7 @@ constexpr std::string_view kLoadTrap = "mainCON - FormLoad";
 constexpr std::string_view kUnloadTrap = "mainCON - Unload";
 constexpr std::string_view kSpeechTrap = "mainCON - CHspeechpack";
 constexpr int kMostMinutes = 60;
+constexpr int kSpeechTickMs = 200;
 
 constexpr std::array<CheckRow, 7> kChecks{
     {{"CHdde", "Rotor/Radio Tracking DDE Auto Start up", "DDEstartup", "0", kTrackingWindow},
@@ -77,6 +80,25 @@ int StoredVoice() {
   return voice == 0 ? 0 : voice - 1;
 }
 
+/// Whether anything is heard, in one line.
+std::string SpeechText(const platform::SpeechCondition& condition) {
+  switch (condition.stage) {
+    case SpeechStage::kNotUsed:
+      break;
+    case SpeechStage::kStarting:
+      return "The voice is being made ready.";
+    case SpeechStage::kNoEngine:
+      return "No voice: " + condition.why + ".";
+    case SpeechStage::kUntried:
+      return "Looking for a sound server.";
+    case SpeechStage::kNoSound:
+      return "Nothing is heard: " + condition.why + ".";
+    case SpeechStage::kHeard:
+      return "The voice is ready.";
+  }
+  return {};
+}
+
 /// Tries to write in a folder. @throws Fault
 void CheckFolder(const std::string& folder) {
   const std::filesystem::path probe = std::filesystem::path(folder) / ".kestrava-can-write";
@@ -108,15 +130,19 @@ void MainSettingsPanel::Load() {
     ShowSetting(kSliders[i], view_.Slider(static_cast<MainSlider>(i)), kLoadTrap);
   }
   view_.SetWavFolder(ReadSetting("WxWavDir", platform::AppDir));
-  if (view_.Check(MainCheck::kSpeech).IsChecked()) trap([&] { FillVoices(); });
+  trap([&] { speechTimer_ = platform::TheEventLoop().MakeTimer(kSpeechTickMs, [this] { FollowSpeech(); }); });
+  if (view_.Check(MainCheck::kSpeech).IsChecked()) trap([&] { AskEngine(Wanted::kVoices); });
   loading_ = false;
 }
 
 void MainSettingsPanel::Unload() {
   open_ = false;
+  if (speechTimer_) speechTimer_->SetEnabled(false);
   const FaultTrap trap{kUnloadTrap};
   trap([&] { WriteSetting("WxWavDir", view_.WavFolder()); });
-  trap([&] { WriteSetting("Voice", std::to_string(view_.VoiceSelect().Index() + 1)); });
+  if (wanted_ == Wanted::kNothing) {  // else the voices were not yet there to be chosen from
+    trap([&] { WriteSetting("Voice", std::to_string(view_.VoiceSelect().Index() + 1)); });
+  }
   trap([&] { WriteSetting("SpeechStart", PlainMinutes(view_.CBOstart())); });
   trap([&] { WriteSetting("SpeechEvery", PlainMinutes(view_.CBOevery())); });
   trap([&] { WriteSetting("AutoSelect", view_.Check(MainCheck::kAutoSelect).IsChecked() ? "1" : "0"); });
@@ -138,22 +164,58 @@ bool MainSettingsPanel::FillVoices() {
   return open_;
 }
 
-void MainSettingsPanel::TurnSpeechOn() {
+/// The running engine may never have been told: the launcher does so only where speech is on at its load.
+void MainSettingsPanel::GiveOrders() {
   const FaultTrap trap{kSpeechTrap};
-  bool offered = true;
-  trap([&] { offered = FillVoices(); });  // a stored voice that is not here leaves none chosen
-  if (!offered) return;
-  // The running engine may never have been told either: the launcher does so only where speech is on at its load.
   const int voice = view_.VoiceSelect().Index() + 1;
   if (voice > 0) trap([&] { platform::TheSpeech().SelectVoice(voice); });
   trap([&] { platform::TheSpeech().SetSpeed(view_.Slider(MainSlider::kSpeechSpeed).Value()); });
+}
+
+/// The engine comes up in its own time, and no click waits for it.
+void MainSettingsPanel::AskEngine(Wanted wanted) {
+  wanted_ = wanted;
+  FaultTrap{kSpeechTrap}([] { platform::TheSpeech().Prepare(); });
+  if (speechTimer_) speechTimer_->SetEnabled(true);
+  FollowSpeech();
+}
+
+void MainSettingsPanel::FollowSpeech() {
+  ShowSpeechLine();
+  if (wanted_ == Wanted::kNothing || platform::TheSpeech().Condition().stage == SpeechStage::kStarting) return;
+  const Wanted wanted = std::exchange(wanted_, Wanted::kNothing);
+  bool offered = true;
+  FaultTrap{wanted == Wanted::kVoices ? kLoadTrap : kSpeechTrap}([&] {
+    offered = FillVoices();  // a stored voice that is not here leaves none chosen
+  });
+  if (offered && wanted == Wanted::kVoicesAndOrders) GiveOrders();
+}
+
+void MainSettingsPanel::ShowSpeechLine() {
+  const platform::SpeechCondition condition = platform::TheSpeech().Condition();
+  view_.ShowSpeech(SpeechText(condition),
+                   condition.stage == SpeechStage::kNoEngine || condition.stage == SpeechStage::kNoSound);
+}
+
+void MainSettingsPanel::TestClicked() {
+  if (ReadSetting("Speechpack", "0") == "0") {
+    view_.ShowSpeech("Speech is off: tick \"Speech On\" first.", true);
+    return;
+  }
+  const bool hadNoEngine = platform::TheSpeech().Condition().stage == SpeechStage::kNoEngine;
+  AskEngine(hadNoEngine ? Wanted::kVoicesAndOrders : wanted_);
+  platform::SayText("This is the voice of Kestrava.");
 }
 
 void MainSettingsPanel::CheckClicked(MainCheck check) {
   if (loading_) return;
   StoreSetting(RowOf(check), view_.Check(check));
   if (check == MainCheck::kSkin) view_.ApplySkinToAll();
-  if (check == MainCheck::kSpeech && view_.Check(check).IsChecked()) TurnSpeechOn();
+  if (check != MainCheck::kSpeech) return;
+  if (view_.Check(check).IsChecked()) return AskEngine(Wanted::kVoicesAndOrders);
+  if (speechTimer_) speechTimer_->SetEnabled(false);
+  wanted_ = Wanted::kNothing;
+  view_.ShowSpeech({}, false);
 }
 
 void MainSettingsPanel::ClocksClicked(int index) {

@@ -26,6 +26,9 @@ class View : public MainSettingsView {
   platform::ComboControl& VoiceSelect() override { return voices; }
   platform::ComboControl& CBOstart() override { return start; }
   platform::ComboControl& CBOevery() override { return every; }
+  void ShowSpeech(std::string_view text, bool trouble) override {
+    speechLine = (trouble ? "! " : "") + std::string(text);
+  }
   std::string WavFolder() const override { return wavFolder; }
   void SetWavFolder(std::string_view folder) override { wavFolder = folder; }
   std::optional<std::string> ChooseSaveFile(std::string_view fileName) override {
@@ -38,6 +41,7 @@ class View : public MainSettingsView {
   std::map<MainCheck, RecordingCheck> checks;
   std::map<MainSlider, RecordingSlider> sliders;
   RecordingCombo voices, start, every;
+  std::string speechLine;
   std::string wavFolder;
   std::optional<std::string> chosen;
   std::vector<std::string> dialogs;
@@ -115,6 +119,84 @@ TEST_F(MainSettingsPanelTest, LoadingWritesNothingBackThoughControlsTellOfEveryC
   EXPECT_EQ(speech.speed, 0);
   EXPECT_TRUE(speech.said.empty());
   TakeFaults();
+}
+
+using SpeechStage = platform::SpeechCondition::Stage;
+
+TEST_F(MainSettingsPanelTest, BesideTheTickItIsSaidWhetherAnythingIsHeard) {
+  settings.Set("Speechpack", "1");
+  speech.condition = {SpeechStage::kUntried, {}};
+  panel.Load();
+  EXPECT_EQ(view.speechLine, "Looking for a sound server.");
+  EXPECT_EQ(speech.preparations, 1) << "it is looked for before anything is to be said";
+  speech.condition = {SpeechStage::kNoSound, "no sound server (Connection refused)"};
+  eventLoop.Advance(1);
+  EXPECT_EQ(view.speechLine, "! Nothing is heard: no sound server (Connection refused).");
+  speech.condition = {SpeechStage::kHeard, {}};
+  eventLoop.Advance(1);
+  EXPECT_EQ(view.speechLine, "The voice is ready.");
+  Tick(MainCheck::kSpeech, false);
+  eventLoop.Advance(1);
+  EXPECT_EQ(view.speechLine, "");
+}
+
+TEST_F(MainSettingsPanelTest, WithSpeechOffTheEngineIsLeftAlone) {
+  panel.Load();
+  eventLoop.Advance(5);
+  EXPECT_EQ(speech.preparations, 0);
+  EXPECT_EQ(speech.voiceQuestions, 0);
+  EXPECT_EQ(view.speechLine, "");
+}
+
+TEST_F(MainSettingsPanelTest, AnEngineThatStillComesUpOffersItsVoicesWhenItIsThere) {
+  settings.Set("Voice", "2");
+  panel.Load();
+  speech.condition = {SpeechStage::kStarting, {}};
+  Tick(MainCheck::kSpeech, true);
+  EXPECT_EQ(view.speechLine, "The voice is being made ready.");
+  EXPECT_TRUE(view.voices.entries.empty()) << "no click waits for it";
+  speech.condition = {SpeechStage::kHeard, {}};
+  eventLoop.Advance(1);
+  EXPECT_EQ(view.voices.entries.size(), 2u);
+  EXPECT_EQ(speech.voice, 2);
+  EXPECT_EQ(speech.speed, 180);
+}
+
+TEST_F(MainSettingsPanelTest, ClosedBeforeTheVoicesAreThereTheChosenOneStays) {
+  settings.Set("Speechpack", "1");
+  settings.Set("Voice", "2");
+  speech.condition = {SpeechStage::kStarting, {}};
+  panel.Load();
+  panel.Unload();
+  EXPECT_EQ(settings.Get("Voice"), "2");
+}
+
+TEST_F(MainSettingsPanelTest, TheTestSpeaks) {
+  settings.Set("Speechpack", "1");
+  panel.Load();
+  panel.TestClicked();
+  EXPECT_EQ(speech.said, Texts{"This is the voice of Kestrava."});
+  EXPECT_EQ(view.speechLine, "The voice is ready.");
+}
+
+TEST_F(MainSettingsPanelTest, TheTestSaysThatSpeechIsOff) {
+  panel.Load();
+  panel.TestClicked();
+  EXPECT_TRUE(speech.said.empty());
+  EXPECT_EQ(view.speechLine, "! Speech is off: tick \"Speech On\" first.");
+  EXPECT_EQ(speech.preparations, 0);
+}
+
+TEST_F(MainSettingsPanelTest, TheTestTriesAnEngineAnewThatCouldNotBeMade) {
+  settings.Set("Speechpack", "1");
+  speech.condition = {SpeechStage::kNoEngine, "no speech engine could be made"};
+  speech.voices.clear();
+  messages.ExpectMessage("No Speech Engines Found");
+  panel.Load();
+  EXPECT_EQ(view.speechLine, "! No voice: no speech engine could be made.");
+  messages.ExpectMessage("No Speech Engines Found");
+  panel.TestClicked();
+  EXPECT_EQ(speech.preparations, 2);
 }
 
 TEST_F(MainSettingsPanelTest, EveryTickIsStoredAtOnce) {

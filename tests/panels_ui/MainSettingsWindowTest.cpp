@@ -178,6 +178,26 @@ TEST_F(MainSettingsWindowTest, SpeechOnOffersTheVoicesAndAChosenOneIsHeard) {
   EXPECT_EQ(Text(OpenMain(), "VoiceSelect"), "Scottish");
 }
 
+TEST_F(MainSettingsWindowTest, TheTestSpeaksOrSaysInTheSameLineWhyNot) {
+  QWidget& window = OpenMain();
+  EXPECT_EQ(Label(window, "LAspeech"), "");
+  Click(window, "BUTtestSpeech");
+  EXPECT_EQ(Label(window, "LAspeech"), "Speech is off: tick \"Speech On\" first.");
+  EXPECT_TRUE(speech.said.empty());
+  speech.condition = {platform::SpeechCondition::Stage::kNoSound, "no sound server (Connection refused)"};
+  Click(window, "CHspeechpack");
+  Click(window, "BUTtestSpeech");
+  EXPECT_EQ(Label(window, "LAspeech"), "Nothing is heard: no sound server (Connection refused).");
+  const auto* line = window.findChild<QLabel*>("LAspeech");
+  const auto* tick = window.findChild<QCheckBox*>("CHspeechpack");
+  EXPECT_LT(std::abs(line->geometry().center().y() - tick->geometry().center().y()), tick->height())
+      << "beside the tick";
+  speech.condition = {};
+  Click(window, "BUTtestSpeech");
+  EXPECT_EQ(Label(window, "LAspeech"), "The voice is ready.");
+  EXPECT_EQ(speech.said.back(), "This is the voice of Kestrava.");
+}
+
 TEST_F(MainSettingsWindowTest, SpeechOnWithoutVoicesIsSaidAndStaysStoredAsOn) {
   speech.voices.clear();
   QWidget& window = OpenMain();

@@ -1,5 +1,6 @@
 #include "MainSettingsWindow.h"
 
+#include <QAccessible>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -61,7 +62,7 @@ void MainSettingsWindow::BuildUi() {
 QGroupBox* MainSettingsWindow::BuildSpeech(QWidget* page) {
   QGroupBox* section = MakeSection("FrameSpeech", tr("Speech"), page);
   QGridLayout& grid = *MakeGrid(*section);
-  AddCheck(grid, MainCheck::kSpeech, "On");
+  AddSpeechLine(grid);
   voice_ = Named(new ComboList(section), "VoiceSelect");
   voice_->SetText(FromQt(tr("No voice chosen")));
   AddField(grid, tr("&Voice Name"), voice_);
@@ -69,12 +70,33 @@ QGroupBox* MainSettingsWindow::BuildSpeech(QWidget* page) {
   every_ = MakeMinutes("CBOevery", section);
   AddFieldWithUnit(grid, tr("Make Announcments &every"), every_, tr("Minutes..."),
                    tr("Make Announcments every, in minutes"));
+  every_->setToolTip(tr("A rise is announced when the minutes left are a multiple of this number, 1 or more"));
   start_ = MakeMinutes("CBOstart", section);
   AddFieldWithUnit(grid, tr("...&Starting"), start_, tr("Minute(s) Before AOS"), tr("Starting, in minutes before AOS"));
+  start_->setToolTip(tr("AOS: the satellite comes above the horizon. No rise is announced earlier than this"));
   editMixer_ = platform::qt::MakeButton("BUTeditMixer", tr("E&dit Sound Settings"),
                                         tr("Opens the sound settings of the desktop: volume and devices"), section);
   grid.addWidget(editMixer_, grid.rowCount(), 1, Qt::AlignLeft);
   return section;
+}
+
+/// The tick, a way to try it, and in words whether anything is heard.
+void MainSettingsWindow::AddSpeechLine(QGridLayout& grid) {
+  QWidget* section = grid.parentWidget();
+  const CheckRow& row = MainChecks()[PlaceOf(MainCheck::kSpeech)];
+  auto* on = new TickBox(ToQt(row.objectName), WithMnemonic(row.caption, "On"), section);
+  checks_[PlaceOf(MainCheck::kSpeech)] = on;
+  test_ = platform::qt::MakeButton("BUTtestSpeech", tr("&Test"),
+                                   tr("Says a sentence; where none is heard the line beside tells why"), section);
+  speech_ = Named(new QLabel(section), "LAspeech", tr("Whether speech is heard"));
+  speech_->setTextFormat(Qt::PlainText);
+  speech_->setWordWrap(true);
+  auto* line = new QHBoxLayout;
+  line->setSpacing(2 * kGapPx);
+  line->addWidget(on);
+  line->addWidget(test_);
+  line->addWidget(speech_, 1);
+  grid.addLayout(line, grid.rowCount(), 0, 1, 2);
 }
 
 /// Any number may be typed, too.
@@ -139,7 +161,7 @@ QGroupBox* MainSettingsWindow::BuildRecording(QWidget* page) {
   for (QWidget* control : {static_cast<QWidget*>(wavFolder_), static_cast<QWidget*>(browse_)})
     platform::qt::EnableByWindow(*control, kRecordingWindow);
   const int row = grid.rowCount();
-  grid.addWidget(platform::qt::LabelFor(wavFolder_, tr("Pa&th to save Recorded WAVs"), section), row, 0);
+  grid.addWidget(platform::qt::LabelFor(wavFolder_, tr("P&ath to save Recorded WAVs"), section), row, 0);
   auto* line = new QHBoxLayout;
   line->setSpacing(kGapPx);
   line->addWidget(wavFolder_, 1);
@@ -171,6 +193,8 @@ void MainSettingsWindow::ConnectSignals() {
   connect(clocks_, &QButtonGroup::idClicked, this, [this](int index) { behaviour_.ClocksClicked(index); });
   connect(voice_, &QComboBox::activated, this,
           [this] { RunUntrapped("The change of the voice", [this] { behaviour_.VoiceClicked(); }); });
+  connect(test_, &QAbstractButton::clicked, this,
+          [this] { RunUntrapped("The test of the voice", [this] { behaviour_.TestClicked(); }); });
   connect(browse_, &QAbstractButton::clicked, this,
           [this] { RunUntrapped("The choice of a folder", [this] { behaviour_.WavDirClicked(); }); });
   connect(editMixer_, &QAbstractButton::clicked, this,
@@ -189,6 +213,22 @@ void MainSettingsWindow::SetClocks(int index) {
   // Tab is to lead to the chosen one: the toolkit sees to that only from the first click on.
   for (QAbstractButton* each : clocks_->buttons())
     each->setFocusPolicy(each == button ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+void MainSettingsWindow::changeEvent(QEvent* event) {
+  StationWindow::changeEvent(event);
+  const bool newLook = event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange;
+  if (newLook && speech_) MarkAsWarning(*speech_, speechTrouble_);
+}
+
+void MainSettingsWindow::ShowSpeech(std::string_view text, bool trouble) {
+  const QString words = ToQt(text);
+  if (speech_->text() == words) return;
+  speechTrouble_ = trouble;
+  MarkAsWarning(*speech_, trouble);
+  speech_->setText(words);
+  QAccessibleEvent told(speech_, QAccessible::Alert);
+  if (trouble) QAccessible::updateAccessibility(&told);
 }
 
 std::string MainSettingsWindow::WavFolder() const {

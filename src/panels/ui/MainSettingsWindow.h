@@ -26,9 +26,13 @@ class MainSettingsWindow : public platform::qt::StationWindow, public MainSettin
   void Show() override;
   void OnUnload() override;
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
   void BuildUi();
   QGroupBox* BuildSpeech(QWidget* page);
+  void AddSpeechLine(QGridLayout& grid);
   QGroupBox* BuildDisplay(QWidget* page);
   QGroupBox* BuildRecording(QWidget* page);
   QGroupBox* BuildTracking(QWidget* page);
@@ -46,6 +50,7 @@ class MainSettingsWindow : public platform::qt::StationWindow, public MainSettin
   platform::ComboControl& VoiceSelect() override { return *voice_; }
   platform::ComboControl& CBOstart() override { return *start_; }
   platform::ComboControl& CBOevery() override { return *every_; }
+  void ShowSpeech(std::string_view text, bool trouble) override;
   std::string WavFolder() const override;
   void SetWavFolder(std::string_view folder) override;
   std::optional<std::string> ChooseSaveFile(std::string_view fileName) override;
@@ -57,6 +62,9 @@ class MainSettingsWindow : public platform::qt::StationWindow, public MainSettin
   std::array<TickBox*, 7> checks_{};
   std::array<ValueSlider*, 2> sliders_{};
   QButtonGroup* clocks_ = nullptr;
+  platform::qt::SkinButton* test_ = nullptr;
+  QLabel* speech_ = nullptr;
+  bool speechTrouble_ = false;
   platform::qt::ComboList* voice_ = nullptr;
   platform::qt::ComboList* start_ = nullptr;
   platform::qt::ComboList* every_ = nullptr;

@@ -2,6 +2,7 @@
 // tick is stored at once, some fields when the window closes. Knows no toolkit: the window is a MainSettingsView.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -10,6 +11,7 @@
 #include "panels/PanelControls.h"
 #include "panels/SettingRows.h"
 #include "platform/ChoiceControls.h"
+#include "platform/EventLoop.h"
 
 namespace kestrava::panels {
 
@@ -37,6 +39,8 @@ class MainSettingsView {
   virtual platform::ComboControl& VoiceSelect() = 0;
   virtual platform::ComboControl& CBOstart() = 0;
   virtual platform::ComboControl& CBOevery() = 0;
+  /// The line beside the tick "Speech On". @param trouble  nothing is heard
+  virtual void ShowSpeech(std::string_view text, bool trouble) = 0;
   virtual std::string WavFolder() const = 0;  ///< LAWxWavDir
   virtual void SetWavFolder(std::string_view folder) = 0;
   /// Opens the file dialog to save. @return the whole name; nothing if it was cancelled
@@ -61,15 +65,25 @@ class MainSettingsPanel {
   void SliderMoved(MainSlider slider);
   void SliderChanged(MainSlider slider);
   void VoiceClicked();
+  /// Says a sentence; the line beside the tick tells why nothing is heard.
+  void TestClicked();
   void WavDirClicked();
   void EditMixerClicked();
 
  private:
+  /// What the engine is asked for when it has come up.
+  enum class Wanted { kNothing, kVoices, kVoicesAndOrders };
+
+  void AskEngine(Wanted wanted);
+  void FollowSpeech();
+  void ShowSpeechLine();
   bool FillVoices();
-  void TurnSpeechOn();
+  void GiveOrders();
   void TakeFolder(const std::string& fileName);
 
   MainSettingsView& view_;
+  std::unique_ptr<platform::Timer> speechTimer_;
+  Wanted wanted_ = Wanted::kNothing;
   bool loading_ = false;
   bool open_ = true;
 };
