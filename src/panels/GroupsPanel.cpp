@@ -139,10 +139,23 @@ void GroupsPanel::ListGroup(const orbit::GroupRec& group) {
   if (!open_ || listing != listings_) return;  // closed, or another group chosen, while the file was read
   userTicks_ = false;                          // a button that is still down on the list means none of these ticks
   for (const std::string& name : names) list.Add(name);
-  for (int row = 0; row < list.Count(); ++row) {
-    if (store::InFaves(tables_, list.Row(row))) list.SetTicked(row, true);
-  }
+  ShowTicks();
   FilterChanged();
+}
+
+/// The ticks as the table has them, and the star of the primary favourite. A file may hold a name more than once: its
+/// rows are ticked alike.
+void GroupsPanel::ShowTicks() {
+  const bool users = std::exchange(userTicks_, false);
+  TickListControl& list = view_.SatelliteList();
+  const std::string& primary = platform::At(tables_.FaveList, 1).Name;
+  for (int row = 0; row < list.Count(); ++row) {
+    const std::string name = list.Row(row);
+    const bool favourite = store::InFaves(tables_, name);
+    if (list.IsTicked(row) != favourite) list.SetTicked(row, favourite);
+    list.SetMarked(row, favourite && name == primary);
+  }
+  userTicks_ = users;
 }
 
 void GroupsPanel::FilterChanged() {
@@ -156,23 +169,30 @@ void GroupsPanel::ShowCount() {
 void GroupsPanel::SatelliteTicked(int row, bool ticked) {
   if (!userTicks_) return;
   const FaultTrap trap{"GroupsCON - Satlist_itemcheck"};
-  const bool done = trap([&] { store::SetFave(tables_, view_.SatelliteList().Row(row), ticked); });
+  const bool done = trap([&] {
+    const std::string name = view_.SatelliteList().Row(row);
+    if (!ticked || !store::InFaves(tables_, name)) store::SetFave(tables_, name, ticked);  // a name stands there once
+  });
   if (!done && ticked) {
     userTicks_ = false;  // the table is full: the row shows that it is no favourite
     view_.SatelliteList().SetTicked(row, false);
     userTicks_ = true;
   }
+  if (!ticksMany_) ShowTicks();
   ShowCount();
 }
 
 void GroupsPanel::TickShownRows(bool ticked) {
   TickListControl& list = view_.SatelliteList();
   userTicks_ = true;
+  ticksMany_ = true;
   for (int row = 0; row < list.Count(); ++row) {
     if (!list.IsShown(row) || list.IsTicked(row) == ticked) continue;
     list.SetTicked(row, ticked);
     if (list.IsTicked(row) != ticked) break;  // it fell back: the table is full, one line in the log will do
   }
+  ticksMany_ = false;
+  ShowTicks();
   platform::YieldOnce();
   userTicks_ = false;
 }
@@ -228,6 +248,8 @@ void GroupsPanel::MakePrimeClicked() {
   }
   trap([&] {
     const std::string old = store::MakePrimaryFavourite(tables_, name);
+    ShowTicks();
+    ShowCount();
     TheMessages().Show("Primary Favourite Satellite changed from " + platform::QuoteOf(old) + " to " +
                        platform::QuoteOf(name));
   });
@@ -285,6 +307,10 @@ void GroupsPanel::AddGroupClicked() {
 
 void GroupsPanel::DeleteGroupClicked() {
   if (view_.GroupList().Count() < 1 || tables_.GroupCount == 0) return;
+  if (view_.GroupList().Selected() < 0) {
+    TheMessages().Show("Select a group first, then click this button");
+    return;
+  }
   const FaultTrap trap{"GroupsCON - BUTdelgroup"};
   const bool removed = trap([&] {
     const int item = view_.GroupList().Selected();

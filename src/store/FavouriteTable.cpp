@@ -71,6 +71,7 @@ std::string MakePrimaryFavourite(orbit::Tables& tables, std::string_view name) {
   std::string old = At(tables.FaveList, 1).Name;
   At(tables.FaveList, 1).Name = name;
   At(tables.FaveList, row).Name = old;
+  if (tables.FaveCount == 0) tables.FaveCount = 1;  // the first of all
   return old;
 }
 

@@ -184,6 +184,73 @@ TEST_F(GroupsPanelTest, MadePrimaryANameThatIsNoFavouriteSendsTheOldFirstOneToRo
   EXPECT_EQ(tables.FaveList[0].Name, "AO-07");
 }
 
+TEST_F(GroupsPanelTest, AfterANewPrimaryThatWasNoFavouriteTheTicksAreThoseOfTheTableAndNothingIsAddedTwice) {
+  Favour({"AO-07", "AO-73"});
+  panel.Load();
+  view.satellites.Select(2);
+  messages.ExpectMessage("changed from AO-07 to ISS (ZARYA)");
+  panel.MakePrimeClicked();
+  EXPECT_EQ(view.satellites.Ticked(), (Texts{"AO-73", "ISS (ZARYA)"}));
+  EXPECT_EQ(Favourites(), (Texts{"ISS (ZARYA)", "AO-73"}));
+  panel.SelectAllClicked();
+  EXPECT_EQ(Favourites(), (Texts{"ISS (ZARYA)", "AO-73", "AO-07"}));
+}
+
+TEST_F(GroupsPanelTest, ThePrimaryFavouriteBearsAStarAndKeepsItsText) {
+  Favour({"AO-07", "AO-73"});
+  panel.Load();
+  EXPECT_EQ(view.satellites.Marked(), Texts{"AO-07"});
+  view.satellites.Select(1);
+  messages.ExpectMessage("changed from AO-07 to AO-73");
+  panel.MakePrimeClicked();
+  EXPECT_EQ(view.satellites.Marked(), Texts{"AO-73"});
+  ChooseGroup(1);
+  EXPECT_EQ(view.satellites.Marked(), Texts{"AO-73"});
+  EXPECT_EQ(view.satellites.Texts(), (Texts{"MY SAT", "AO-73"}));
+  Tick(1, false);
+  EXPECT_EQ(view.satellites.Marked(), Texts()) << "AO-07 is the first now, and not of this group";
+}
+
+TEST_F(GroupsPanelTest, TheFirstFavouriteOfAllMadePrimaryIsCounted) {
+  panel.Load();
+  view.satellites.Select(1);
+  messages.ExpectMessage("changed from  to AO-73");
+  panel.MakePrimeClicked();
+  EXPECT_EQ(Favourites(), Texts{"AO-73"});
+  EXPECT_EQ(view.count, "1 of 499 favourites");
+}
+
+TEST_F(GroupsPanelTest, ANameThatStandsTwiceInAFileIsOneFavourite) {
+  Put("amateur.txt", Sets({"AO-07", "AO-73"}) + testing::ElementText("AO-07", 12345));
+  panel.Load();
+  ASSERT_EQ(view.satellites.Texts(), (Texts{"AO-07", "AO-73", "AO-07"}));
+  panel.SelectAllClicked();
+  EXPECT_EQ(Favourites(), (Texts{"AO-07", "AO-73"}));
+  EXPECT_EQ(view.satellites.Ticked(), (Texts{"AO-07", "AO-73", "AO-07"}));
+  Tick(0, false);
+  EXPECT_EQ(Favourites(), Texts{"AO-73"});
+  EXPECT_EQ(view.satellites.Ticked(), Texts{"AO-73"});
+  Tick(2, true);
+  EXPECT_EQ(Favourites(), (Texts{"AO-73", "AO-07"}));
+  EXPECT_EQ(view.satellites.Ticked(), (Texts{"AO-07", "AO-73", "AO-07"}));
+}
+
+TEST_F(GroupsPanelTest, ATickNeverWritesANameThatStandsAlready) {
+  Favour({"AO-07"});
+  panel.Load();
+  view.satellites.rows[0].ticked = false;  // out of step, however that came
+  Tick(0, true);
+  EXPECT_EQ(Favourites(), Texts{"AO-07"});
+}
+
+TEST_F(GroupsPanelTest, WithoutAChosenGroupNoneIsDeletedAndThatIsSaid) {
+  panel.Load();
+  view.groups.Select(-1);
+  messages.ExpectMessage("Select a group first, then click this button");
+  panel.DeleteGroupClicked();
+  EXPECT_EQ(tables.GroupCount, 2);
+}
+
 TEST_F(GroupsPanelTest, WithoutAChosenSatelliteTheFirstFavouriteStays) {
   Favour({"AO-07"});
   panel.Load();

@@ -23,6 +23,7 @@ class RecordingTickList : public TickListControl {
     std::string text;
     bool ticked = false;
     bool shown = true;
+    bool marked = false;
   };
 
   void Clear() override { rows.clear(), selected = -1; }
@@ -45,6 +46,16 @@ class RecordingTickList : public TickListControl {
   bool IsShown(int row) const override { return platform::At(rows, row).shown; }
   void SetShown(int row, bool shown) override { platform::At(rows, row).shown = shown; }
 
+  void SetMarked(int row, bool marked) override { platform::At(rows, row).marked = marked; }
+
+  /// The texts of the rows that bear a star.
+  std::vector<std::string> Marked() const {
+    std::vector<std::string> texts;
+    for (const Row_& row : rows) {
+      if (row.marked) texts.push_back(row.text);
+    }
+    return texts;
+  }
   std::vector<std::string> Texts() const {
     std::vector<std::string> texts;
     for (const Row_& row : rows) texts.push_back(row.text);

@@ -178,18 +178,24 @@ TEST_F(GroupsAddTest, ADeletedGroupGoesAndTheFirstIsListed) {
   EXPECT_TRUE(files.Exists("/house/mine.txt"));
 }
 
-TEST_F(GroupsAddTest, WithoutASelectedGroupThereIsNothingToDelete) {
+TEST_F(GroupsAddTest, WithoutASelectedGroupNothingIsDeletedAndTheButtonSaysWhy) {
   tables.GroupCount = 1;
   Open();
+  const auto& button = Child<QWidget>("BUTdeletegroup");
   Click("BUTdeletegroup");
   EXPECT_TRUE(Rows("GroupList").empty());
   EXPECT_TRUE(Rows("SatelliteList").empty());
-  EXPECT_FALSE(Child<QWidget>("BUTdeletegroup").isEnabled());
+  EXPECT_TRUE(button.isEnabled());
+  EXPECT_EQ(button.toolTip(), "There is no group on the list");
+  Click("BUTdeletegroup");
   Choose("COMCelestrak", "Amateur");
   Click("BUTaddCelestrak");
-  EXPECT_FALSE(Child<QWidget>("BUTdeletegroup").isEnabled()) << "the new one is not selected";
+  EXPECT_EQ(button.toolTip(), "Select a group first") << "the new one is not selected";
+  messages.ExpectMessage("Select a group first, then click this button");
+  Click("BUTdeletegroup");
+  EXPECT_EQ(Rows("GroupList"), Strings{"Amateur"});
   ClickRow("GroupList", 0);
-  EXPECT_TRUE(Child<QWidget>("BUTdeletegroup").isEnabled());
+  EXPECT_TRUE(button.toolTip().startsWith("Takes the selected group off the list"));
 }
 
 TEST_F(GroupsAddTest, TheWindowClosedWhileAGroupIsReadGoes) {

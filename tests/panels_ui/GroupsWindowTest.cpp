@@ -284,6 +284,46 @@ TEST_F(GroupsWindowTest, MadePrimaryANameThatIsNoFavouriteLosesTheOldFirstOneInt
   EXPECT_EQ(tables.FaveList[0].Name, "AO-07");
 }
 
+TEST_F(GroupsWindowTest, AButtonWithNothingToActOnWorksAndItsHintSaysWhatIsMissing) {
+  Open();
+  for (const auto& [name, missing] : {std::pair{"BUTmakeprime", "Select a satellite first"},
+                                      {"BUTfindInfo", "Select a satellite first"},
+                                      {"BUTaddCelestrak", "Choose a group of the element server first"}}) {
+    EXPECT_TRUE(Child<QWidget>(name).toolTip().startsWith(missing)) << name;
+    EXPECT_TRUE(Child<QWidget>(name).isEnabled()) << name;
+  }
+  ClickRow("SatelliteList", 0);
+  Choose("COMCelestrak", "Amateur");
+  for (const char* name : {"BUTmakeprime", "BUTfindInfo", "BUTaddCelestrak"}) {
+    EXPECT_FALSE(Child<QWidget>(name).toolTip().contains("first,")) << name;
+    EXPECT_FALSE(Child<QWidget>(name).toolTip().startsWith("Select")) << name;
+  }
+  Type("FilterBox", "nothing like it");
+  EXPECT_EQ(Child<QWidget>("BUTsel").toolTip(), "The search shows no satellite");
+  EXPECT_EQ(Child<QWidget>("BUTdesel").toolTip(), "The search shows no satellite");
+  EXPECT_EQ(Child<QWidget>("BUTmakeprime").toolTip(), "Select a satellite first");
+}
+
+TEST_F(GroupsWindowTest, ThePrimaryFavouriteBearsAStarBesideItsNameAlone) {
+  Favour({"AO-73", "ISS (ZARYA)"});
+  Open();
+  auto& list = Child<QListWidget>("SatelliteList");
+  const auto pixelsOfSecond = [&] {
+    ClickRow("SatelliteList", 0);
+    return list.viewport()->grab(list.visualItemRect(list.item(1))).toImage();
+  };
+  EXPECT_EQ(list.item(1)->text(), "AO-73") << "the text is the name";
+  EXPECT_EQ(list.item(1)->toolTip(), "The primary favourite");
+  EXPECT_EQ(list.item(1)->data(Qt::AccessibleDescriptionRole).toString(), "The primary favourite");
+  const QImage withStar = pixelsOfSecond();
+  ClickRow("SatelliteList", 2);
+  messages.ExpectMessage("changed from AO-73 to ISS (ZARYA)");
+  Click("BUTmakeprime");
+  EXPECT_EQ(list.item(1)->toolTip(), "");
+  EXPECT_EQ(list.item(2)->toolTip(), "The primary favourite");
+  EXPECT_NE(pixelsOfSecond(), withStar) << "the star is seen";
+}
+
 TEST_F(GroupsWindowTest, TheSearchBoxNarrowsTheListAndTheButtonsActOnWhatIsShown) {
   Open();
   Type("FilterBox", "ao-");

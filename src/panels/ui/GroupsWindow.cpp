@@ -109,11 +109,9 @@ QGroupBox* GroupsWindow::BuildGroups(QWidget* parent) {
   TakeWhatIsLeft(groups_);
   addGroup_ =
       WholeButton("BUTaddgroup", tr("Add &New Group"), tr("Asks for a name, and where its elements are"), section);
-  deleteGroup_ = WholeButton("BUTdeletegroup", tr("&Delete Group"),
-                             tr("Takes the selected group off the list, without asking; its file stays"), section);
+  deleteGroup_ = WholeButton("BUTdeletegroup", tr("&Delete Group"), {}, section);
   server_ = Named(new ComboList(section), "COMCelestrak");
-  addServer_ = WholeButton("BUTaddCelestrak", tr("&Add This to your Groups"),
-                           tr("Adds the group chosen above; its file comes with the next Internet update"), section);
+  addServer_ = WholeButton("BUTaddCelestrak", tr("&Add This to your Groups"), {}, section);
   QVBoxLayout* column = ColumnIn(section);
   column->addWidget(HeadingFor(groups_, tr("Your &Groups"), section));
   column->addWidget(groups_, 1);
@@ -134,6 +132,7 @@ QGroupBox* GroupsWindow::BuildSatellites(QWidget* parent) {
   filter_->setToolTip(tr("Shows only satellites with this in their name (Escape: all of them, Down: to the list)"));
   filter_->installEventFilter(this);
   satellites_ = Named(new TickList(section), "SatelliteList");
+  satellites_->SetMarkMeaning(tr("The primary favourite"));
   satellites_->SetHint(tr("No satellites. Select a group whose element file is there."));
   satellites_->SetNoneShownHint(
       tr("No satellite of this group has that in its name. Escape in the search box shows all."));
@@ -143,8 +142,7 @@ QGroupBox* GroupsWindow::BuildSatellites(QWidget* parent) {
   count_->setWordWrap(true);
   selectAll_ = WholeButton("BUTsel", tr("&Select All"), {}, section);
   deselectAll_ = WholeButton("BUTdesel", tr("Deselect A&ll"), {}, section);
-  makePrime_ = WholeButton("BUTmakeprime", tr("Make &Primary Satellite"),
-                           tr("Puts the selected satellite first among the favourites"), section);
+  makePrime_ = WholeButton("BUTmakeprime", tr("Make &Primary Satellite"), {}, section);
   auto* search = new QHBoxLayout;
   search->addWidget(LabelFor(filter_, tr("Sea&rch"), section));
   search->addWidget(filter_, 1);
@@ -166,8 +164,7 @@ QGroupBox* GroupsWindow::BuildInformation(QWidget* parent) {
   auto* section = Named(new QGroupBox(tr("Information"), parent), "Frame3");
   details_ = Named(new OfferText(section), "Details");
   TakeWhatIsLeft(details_);
-  findInfo_ = WholeButton("BUTfindInfo", tr("Find more info on Interne&t"),
-                          tr("Searches the web for the selected satellite"), section);
+  findInfo_ = WholeButton("BUTfindInfo", tr("Find more info on Interne&t"), {}, section);
   QVBoxLayout* column = ColumnIn(section);
   column->addWidget(HeadingFor(details_, tr("Selected Satellite &Information"), section));
   column->addWidget(details_, 1);
@@ -180,6 +177,8 @@ void GroupsWindow::ConnectSignals() {
   connect(groups_, &platform::qt::ListBox::Chosen, this,
           [this] { Run("The listing of the group", &GroupsPanel::GroupListClicked); });
   connect(groups_, &QListWidget::itemSelectionChanged, this, [this] { UpdateButtons(); });
+  connect(satellites_, &QListWidget::itemSelectionChanged, this, [this] { UpdateButtons(); });
+  connect(server_, &QComboBox::currentIndexChanged, this, [this] { UpdateButtons(); });
   connect(satellites_, &platform::qt::ListBox::Chosen, this,
           [this] { Run("The information about the satellite", &GroupsPanel::SatelliteClicked); });
   connect(details_, &OfferText::Accepted, this, [this] { Run("The request", &GroupsPanel::DetailsClicked); });
@@ -221,12 +220,31 @@ void GroupsWindow::FilterTyped() {
 }
 
 void GroupsWindow::UpdateButtons() {
-  deleteGroup_->setEnabled(groups_->Selected() >= 0);
   const bool filtered = !filter_->text().trimmed().isEmpty();
-  selectAll_->setToolTip(filtered ? tr("Makes favourites of all satellites that the search shows")
-                                  : tr("Makes favourites of all satellites of the group"));
-  deselectAll_->setToolTip(filtered ? tr("Takes all satellites that the search shows off the favourites")
-                                    : tr("Takes all satellites of the group off the favourites"));
+  const bool noneShown = satellites_->FirstShown() < 0;
+  const QString missing = filtered ? tr("The search shows no satellite") : tr("There is no satellite in the list");
+  const QString all = filtered ? tr("all satellites that the search shows") : tr("all satellites of the group");
+  selectAll_->setToolTip(noneShown ? missing : tr("Makes favourites of %1").arg(all));
+  deselectAll_->setToolTip(noneShown ? missing : tr("Takes %1 off the favourites").arg(all));
+  ExplainButtons();
+}
+
+/// Every button can be clicked at any time. Where it would have nothing to act on it says what is missing.
+void GroupsWindow::ExplainButtons() {
+  deleteGroup_->setToolTip(groups_->Count() == 0     ? tr("There is no group on the list")
+                           : groups_->Selected() < 0 ? tr("Select a group first")
+                                                     : tr("Takes the selected group off the list, without asking; its "
+                                                          "file stays"));
+  const bool noServerGroup = server_->currentIndex() < 0;
+  addServer_->setToolTip(noServerGroup ? tr("Choose a group of the element server first, in the list above")
+                                       : tr("Adds the group chosen above; its file comes with the next Internet "
+                                            "update"));
+  const bool noSatellite = satellites_->Selected() < 0;
+  makePrime_->setToolTip(noSatellite ? tr("Select a satellite first")
+                                     : tr("Puts the selected satellite first among the favourites. One that is no "
+                                          "favourite takes the place of the first"));
+  findInfo_->setToolTip(noSatellite ? tr("Select a satellite first")
+                                    : tr("Searches the web for the selected satellite"));
 }
 
 bool GroupsWindow::eventFilter(QObject* watched, QEvent* event) {

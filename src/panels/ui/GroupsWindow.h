@@ -49,6 +49,7 @@ class GroupsWindow : public platform::qt::StationWindow, public GroupsView {
   void FilterTyped();
   bool FilterKeyPressed(int key);
   void UpdateButtons();
+  void ExplainButtons();
 
   // GroupsView
   void ApplySkin() override { StationWindow::ApplySkin(); }

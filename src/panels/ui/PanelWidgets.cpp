@@ -4,7 +4,11 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QScopedValueRollback>
+#include <QStyledItemDelegate>
+#include <algorithm>
+#include <cmath>
 
 #include "platform/Fault.h"
 #include "platform/qt/Theme.h"
@@ -19,6 +23,7 @@ namespace {
 
 /// What was last told of a row's tick: the toolkit tells of every change of a row, its text and flags too.
 constexpr int kToldTick = Qt::UserRole + 1;
+constexpr int kMarked = Qt::UserRole + 2;
 
 QListWidgetItem& ItemAt(const QListWidget& list, int row) {
   QListWidgetItem* item = list.item(row);
@@ -26,12 +31,57 @@ QListWidgetItem& ItemAt(const QListWidget& list, int row) {
   return *item;
 }
 
+/// A star of five points that fills the square.
+QPolygonF Star(const QRectF& square) {
+  constexpr double kInnerShare = 0.4;
+  constexpr double kTenthTurn = 3.14159265358979 / 5;
+  QPolygonF star;
+  for (int i = 0; i < 10; ++i) {
+    const double reach = square.width() / 2 * (i % 2 == 0 ? 1 : kInnerShare);
+    star << square.center() + QPointF(reach * std::sin(i * kTenthTurn), -reach * std::cos(i * kTenthTurn));
+  }
+  return star;
+}
+
+/// Paints the star at the end of a marked row, in the colour of its text.
+class MarkPainter : public QStyledItemDelegate {
+ public:
+  using QStyledItemDelegate::QStyledItemDelegate;
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    QStyledItemDelegate::paint(painter, option, index);
+    if (!index.data(kMarked).toBool()) return;
+    const double sidePx = SidePx(option);
+    const bool selected = option.state.testFlag(QStyle::State_Selected);
+    const double leftPx = std::min<double>(option.rect.right() - sidePx, option.rect.left() + TextEndPx(option, index));
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+    painter->drawPolygon(Star(QRectF(leftPx, option.rect.center().y() + 0.5 - sidePx / 2, sidePx, sidePx)));
+    painter->restore();
+  }
+
+  QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+    const QSize plain = QStyledItemDelegate::sizeHint(option, index);
+    return index.data(kMarked).toBool() ? plain + QSize(static_cast<int>(2 * SidePx(option)), 0) : plain;
+  }
+
+ private:
+  static double SidePx(const QStyleOptionViewItem& option) { return option.fontMetrics.ascent(); }
+
+  int TextEndPx(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+    return QStyledItemDelegate::sizeHint(option, index).width() + static_cast<int>(SidePx(option) / 3);
+  }
+};
+
 constexpr QColor kBrightWarning{0xff, 0xa0, 0x40};
 constexpr QColor kDeepWarning{0x9c, 0x1c, 0x00};
 
 }  // namespace
 
 TickList::TickList(QWidget* parent) : ListBox(parent) {
+  setItemDelegate(new MarkPainter(this));
   connect(this, &QListWidget::itemChanged, this, [this](QListWidgetItem* item) { TellTick(*item); });
 }
 
@@ -67,6 +117,19 @@ bool TickList::IsShown(int row) const {
 void TickList::SetShown(int row, bool shown) {
   ItemAt(*this, row);
   setRowHidden(row, !shown);
+}
+
+bool TickList::IsMarked(int row) const {
+  return ItemAt(*this, row).data(kMarked).toBool();
+}
+
+/// The text of the row stays the satellite's name alone.
+void TickList::SetMarked(int row, bool marked) {
+  if (IsMarked(row) == marked) return;
+  QListWidgetItem& item = ItemAt(*this, row);
+  item.setData(kMarked, marked);
+  item.setData(Qt::AccessibleDescriptionRole, marked ? markMeaning_ : QString());
+  item.setToolTip(marked ? markMeaning_ : QString());
 }
 
 int TickList::FirstShown() const {

@@ -22,6 +22,9 @@ class TickList : public platform::qt::ListBox, public TickListControl {
   explicit TickList(QWidget* parent = nullptr);
   /// What stands in the middle of a list whose rows are all hidden.
   void SetNoneShownHint(const QString& hint) { noneShownHint_ = hint; }
+  /// What the star beside a row tells whoever cannot see it.
+  void SetMarkMeaning(const QString& meaning) { markMeaning_ = meaning; }
+  bool IsMarked(int row) const;
   /// -1: none is shown.
   int FirstShown() const;
 
@@ -36,6 +39,7 @@ class TickList : public platform::qt::ListBox, public TickListControl {
   void SetTicked(int row, bool ticked) override;
   bool IsShown(int row) const override;
   void SetShown(int row, bool shown) override;
+  void SetMarked(int row, bool marked) override;
 
  signals:
   /// A mouse button went down on the list, or a key that ticks.
@@ -59,6 +63,7 @@ class TickList : public platform::qt::ListBox, public TickListControl {
   void TellTick(const QListWidgetItem& item);
 
   QString noneShownHint_;
+  QString markMeaning_;
 };
 
 /// A tick box of a row of settings: object name and caption from there.

@@ -91,6 +91,7 @@ class GroupsPanel {
  private:
   void ListGroup(const orbit::GroupRec& group);
   void TickShownRows(bool ticked);
+  void ShowTicks();
   void ShowCount();
   void AppendGroup(const orbit::GroupRec& group);
   std::optional<std::string> Ask(std::string_view prompt, std::string_view title, std::string_view defaultText);
@@ -103,6 +104,7 @@ class GroupsPanel {
   std::string details_;
   std::string detailsOf_;  ///< the satellite that they tell of, whatever is chosen later
   bool userTicks_ = false;
+  bool ticksMany_ = false;
   bool open_ = true;
   bool saved_ = true;           ///< both files, at the end
   std::uint64_t listings_ = 0;  ///< grows with every listing: an earlier one that still reads ends

@@ -17,6 +17,8 @@ class TickListControl : public virtual platform::ListBoxControl {
   virtual void SetTicked(int row, bool ticked) = 0;
   virtual bool IsShown(int row) const = 0;
   virtual void SetShown(int row, bool shown) = 0;
+  /// A star beside the row's text: there is no more than one that matters.
+  virtual void SetMarked(int row, bool marked) = 0;
 };
 
 class CheckControl {
