@@ -1,5 +1,6 @@
 #include "panels/LocationsPanel.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/Doors.h"
@@ -24,6 +25,10 @@ constexpr double kMinuteOrSecondEnd = 60;
 /// The three boxes of an angle in parts.
 struct PartBoxes {
   PlaceBox degrees, minutes, seconds;
+
+  std::array<std::string, 3> TextsIn(const LocationsView& view) const {
+    return {view.BoxText(degrees), view.BoxText(minutes), view.BoxText(seconds)};
+  }
 };
 constexpr PartBoxes kLatitudeParts{PlaceBox::kLatDeg, PlaceBox::kLatMin, PlaceBox::kLatSec};
 constexpr PartBoxes kLongitudeParts{PlaceBox::kLonDeg, PlaceBox::kLonMin, PlaceBox::kLonSec};
@@ -118,7 +123,10 @@ LocationsPanel::Angles LocationsPanel::ReadParts() const {
     if (value >= 0 && value < kMinuteOrSecondEnd) return value;
     throw Refused(box, 6, Holds(view_.BoxText(box)) + " and takes 0 to less than 60");
   };
-  const auto angle = [&](const PartBoxes& boxes, double mostDeg, PlaceTick tick) {
+  const auto angle = [&](const PartBoxes& boxes, const ShownParts& shown, double mostDeg, PlaceTick tick) {
+    const bool ticked = view_.Tick(PlacePage::kParts, tick).IsChecked();
+    const bool untouched = boxes.TextsIn(view_) == shown.texts && shown.degrees <= mostDeg;
+    if (untouched) return ShownAngle{shown.degrees, ticked};
     const double degrees = NumberWithin(view_, boxes.degrees, -mostDeg, mostDeg);
     const double minutes = minuteOrSecond(boxes.minutes);
     const double value = store::DMSToDeg({degrees, minutes, minuteOrSecond(boxes.seconds)});
@@ -127,10 +135,10 @@ LocationsPanel::Angles LocationsPanel::ReadParts() const {
                     Holds(view_.BoxText(boxes.degrees)) + ", which with its minutes and seconds is beyond " +
                         NumberText(mostDeg));
     }
-    return ShownAngle{std::abs(value), value >= 0 && view_.Tick(PlacePage::kParts, tick).IsChecked()};
+    return ShownAngle{std::abs(value), value >= 0 && ticked};
   };
-  const ShownAngle latitude = angle(kLatitudeParts, kMostLatitudeDeg, PlaceTick::kNorth);
-  return {latitude, angle(kLongitudeParts, kMostLongitudeDeg, PlaceTick::kWest)};
+  const ShownAngle latitude = angle(kLatitudeParts, shownLatitude_, kMostLatitudeDeg, PlaceTick::kNorth);
+  return {latitude, angle(kLongitudeParts, shownLongitude_, kMostLongitudeDeg, PlaceTick::kWest)};
 }
 
 LocationsPanel::Angles LocationsPanel::ReadDecimal() const {
@@ -164,14 +172,15 @@ void LocationsPanel::ShowTicks(const Angles& angles) {
 }
 
 void LocationsPanel::ShowParts(const Angles& angles) {
-  const auto show = [&](const PartBoxes& boxes, double degrees) {
+  const auto show = [&](const PartBoxes& boxes, ShownParts& shown, double degrees) {
     const store::DegreeParts parts = store::DegToDMS(degrees);
     view_.SetBoxText(boxes.degrees, NumberText(parts.degrees));
     view_.SetBoxText(boxes.minutes, NumberText(parts.minutes));
     view_.SetBoxText(boxes.seconds, NumberText(parts.seconds));
+    shown = {boxes.TextsIn(view_), degrees};
   };
-  show(kLatitudeParts, angles.latitude.degrees);
-  show(kLongitudeParts, angles.longitude.degrees);
+  show(kLatitudeParts, shownLatitude_, angles.latitude.degrees);
+  show(kLongitudeParts, shownLongitude_, angles.longitude.degrees);
 }
 
 void LocationsPanel::ShowDecimal(const Angles& angles) {
@@ -251,6 +260,25 @@ void LocationsPanel::Load() {
 void LocationsPanel::Unload() {
   Click("the saving of the locations", [&] { store::SaveLocations(tables_); });
   view_.RunActivation();
+}
+
+bool LocationsPanel::MayClose() {
+  if (!IsEdited()) return true;
+  const int item = std::max(0, view_.ListLocations().Selected());
+  const std::string chosen = view_.ListLocations().Row(item);
+  switch (platform::TheMessages().AskUnstored(
+      "What you have typed is not stored yet.\n\nSave changes \"" + chosen + "\" to it. Discard leaves \"" + chosen +
+          "\" as it was. Stay goes back to the window: \"Add Location\" makes a new place of it.",
+      kLocationsCaption)) {
+    case platform::Unstored::kSave:
+      SaveClicked();
+      return !IsEdited();  // where it could not be stored that has been said
+    case platform::Unstored::kDiscard:
+      return true;
+    case platform::Unstored::kStay:
+      break;
+  }
+  return false;
 }
 
 int LocationsPanel::ChosenItem() const {
@@ -368,12 +396,25 @@ void LocationsPanel::PlacePicked(const PickedPlace& place) {
   ShowParts(angles);
 }
 
+/// The parts are added as they stand, so a minus in front of the degrees leaves minutes and seconds positive.
+std::string LocationsPanel::MinusNote() const {
+  const auto hasMinus = [&](const PartBoxes& boxes) {
+    return platform::BeginsWith(platform::Trim(view_.BoxText(boxes.degrees)), "-");
+  };
+  const bool latitude = hasMinus(kLatitudeParts);
+  const bool longitude = hasMinus(kLongitudeParts);
+  if (!latitude && !longitude) return {};
+  const std::string ticks = latitude && longitude ? "North and West" : latitude ? "North" : "West";
+  return "; a minus counts for the degrees alone: untick " + ticks;
+}
+
 TypedPlace LocationsPanel::Typed() const {
   const bool parts = Page() == PlacePage::kParts;
   const AngleForm form = parts ? AngleForm::kParts : AngleForm::kDecimals;
   try {
     const Angles angles = parts ? ReadParts() : ReadDecimal();
-    return {LatitudeInWords(angles.latitude, form) + ", " + LongitudeInWords(angles.longitude, form),
+    return {LatitudeInWords(angles.latitude, form) + ", " + LongitudeInWords(angles.longitude, form) +
+                (parts ? MinusNote() : std::string()),
             PointOf(angles.latitude, angles.longitude)};
   } catch (const Fault& fault) {
     const std::string why = fault.what();

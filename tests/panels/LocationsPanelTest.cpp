@@ -449,7 +449,15 @@ TEST_F(LocationsPanelTest, SaysInWordsWhatTheBoxesOfTheShownPageMean) {
   EXPECT_EQ(panel.Typed().words, "51° 30' 00\" north, 0° 15' 00\" west");
   EXPECT_EQ(panel.Typed().point, (GeoPoint{51.5, -0.25}));
   Type(PlaceBox::kLatDeg, "-51");
-  EXPECT_EQ(panel.Typed().words, "50° 30' 00\" south, 0° 15' 00\" west") << "the parts are added as they stand";
+  EXPECT_EQ(panel.Typed().words,
+            "50° 30' 00\" south, 0° 15' 00\" west; a minus counts for the degrees alone: untick North")
+      << "the parts are added as they stand";
+  Type(PlaceBox::kLonDeg, "-0");
+  EXPECT_EQ(panel.Typed().words,
+            "50° 30' 00\" south, 0° 15' 00\" west; a minus counts for the degrees alone: untick North and West");
+  Type(PlaceBox::kLatDeg, "51");
+  EXPECT_EQ(panel.Typed().words,
+            "51° 30' 00\" north, 0° 15' 00\" west; a minus counts for the degrees alone: untick West");
   TypeDecimal("x", "33,5", true, "7.25", false);
   EXPECT_EQ(panel.Typed().words, "33.5° north, 7.25° east");
   EXPECT_EQ(panel.Typed().point, (GeoPoint{33.5, 7.25}));
@@ -483,8 +491,87 @@ TEST_F(LocationsPanelTest, IsNotEditedByAChangeOfThePageThatOnlyCutsSecondsOff) 
   platform::WriteSetting("Latitude", "51.4779");
   Open();
   UseDecimals();
-  EXPECT_EQ(Decimal(), "51.477777778 N 0.25 W");
+  EXPECT_EQ(Decimal(), "51.4779 N 0.25 W");
   EXPECT_FALSE(panel.IsEdited());
+}
+
+TEST_F(LocationsPanelTest, AnAngleWhosePartsNobodyTouchedIsStoredAsItWas) {
+  store::WritePrimaryPlace({"Home", "51.4779", "0.00194444", "30"});
+  Open("1Cape Town;341.5812345;-33.4779;-2\n");
+  Type(PlaceBox::kName, "Greenwich");
+  panel.SaveClicked();
+  EXPECT_EQ(Primary(), "Greenwich;0.00194444;51.4779;30");
+  Choose(1);
+  EXPECT_EQ(Parts(), "33 28 40 / 18 25 7") << "the seconds are cut";
+  Type(PlaceBox::kHeight, "12");
+  panel.SaveClicked();
+  EXPECT_EQ(Content("Locations.dat"), "1Cape Town;341.5812345;-33.4779;12\n");
+}
+
+TEST_F(LocationsPanelTest, ATouchedPartStoresWhatTheBoxesSayAndLeavesTheOtherAngle) {
+  store::WritePrimaryPlace({"Home", "51.4779", "0.00194444", "30"});
+  Open();
+  Type(PlaceBox::kLatSec, "41");
+  panel.SaveClicked();
+  EXPECT_EQ(Primary(), "Home;0.00194444;51.478055556;30");
+}
+
+TEST_F(LocationsPanelTest, ASignTakesTheUncutAngleToTheOtherSide) {
+  store::WritePrimaryPlace({"Home", "51.4779", "0.00194444", "30"});
+  Open();
+  Click(PlacePage::kParts, PlaceTick::kNorth, false);
+  panel.SaveClicked();
+  EXPECT_EQ(Primary(), "Home;0.00194444;-51.4779;30");
+}
+
+TEST_F(LocationsPanelTest, ToThePartsAndBackLosesNoSecond) {
+  Open();
+  UseDecimals();
+  Type(PlaceBox::kLatDec, "51.4779");
+  view.decDeg.SetChecked(false);
+  panel.DecDegClicked();
+  EXPECT_EQ(Parts(), "51 28 40 / 0 15 0");
+  UseDecimals();
+  EXPECT_EQ(Decimal(), "51.4779 N 0.25 W");
+}
+
+TEST_F(LocationsPanelTest, AStoredLatitudeBeyondThePoleIsRefusedThoughNobodyTouchedIt) {
+  store::WritePrimaryPlace({"Home", "999", "0.25", "30"});
+  Open();
+  messages.ExpectMessage("holds \"999\" and takes -90 to 90");
+  panel.SaveClicked();
+  EXPECT_EQ(Primary(), "Home;0.25;999;30");
+}
+
+TEST_F(LocationsPanelTest, ClosesWithoutAQuestionWhereAllIsStored) {
+  Open();
+  EXPECT_TRUE(panel.MayClose());
+  Choose(2);
+  EXPECT_TRUE(panel.MayClose());
+}
+
+TEST_F(LocationsPanelTest, WhatIsNotStoredYetIsSavedDroppedOrKeptAsTheUserSays) {
+  Open();
+  const std::string before = Stored();
+  Type(PlaceBox::kName, "Hut");
+  messages.ExpectUnstored("Save changes \"Home (Primary Location)\" to it.", platform::Unstored::kStay);
+  EXPECT_FALSE(panel.MayClose());
+  EXPECT_EQ(Box(PlaceBox::kName), "Hut");
+  messages.ExpectUnstored("not stored yet", platform::Unstored::kDiscard);
+  EXPECT_TRUE(panel.MayClose());
+  EXPECT_EQ(Stored(), before);
+  messages.ExpectUnstored("not stored yet", platform::Unstored::kSave);
+  EXPECT_TRUE(panel.MayClose());
+  EXPECT_EQ(Primary(), "Hut;0.25;51.5;30");
+}
+
+TEST_F(LocationsPanelTest, StaysOpenWhereWhatIsToBeSavedCannotBe) {
+  Open();
+  Choose(1);
+  Type(PlaceBox::kLatMin, "half");
+  messages.ExpectUnstored("Save changes \"Cape Town\" to it.", platform::Unstored::kSave);
+  messages.ExpectMessage("holds \"half\", which is no number");
+  EXPECT_FALSE(panel.MayClose());
 }
 
 TEST_F(LocationsPanelTest, StaysEditedWhereItCouldNotBeStored) {

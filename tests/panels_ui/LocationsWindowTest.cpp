@@ -354,6 +354,49 @@ TEST_F(LocationsWindowTest, EveryControlHasANameForAssistivePrograms) {
   }
 }
 
+TEST_F(LocationsWindowTest, WhoClosesWithSomethingTypedIsAskedOnce) {
+  Open();
+  const std::string before = Stored();
+  CloseByUser();
+  ASSERT_EQ(windows->Find("frmCONlocations"), nullptr) << "nothing was typed";
+  Open();
+  Type("Tlocation", "Hut");
+  messages.ExpectUnstored("What you have typed is not stored yet.", platform::Unstored::kStay);
+  CloseByUser();
+  ASSERT_NE(windows->Find("frmCONlocations"), nullptr);
+  EXPECT_EQ(Text("Tlocation"), "Hut");
+  messages.ExpectUnstored("not stored yet", platform::Unstored::kDiscard);
+  CloseByUser();
+  EXPECT_EQ(windows->Find("frmCONlocations"), nullptr);
+  EXPECT_EQ(Stored(), before);
+}
+
+TEST_F(LocationsWindowTest, AWindowThatGoesWithTheStationAsksNothing) {
+  Open();
+  Type("Tlocation", "Hut");
+  windows->Unload(*windows->Find("frmCONlocations"));
+  EXPECT_EQ(windows->Find("frmCONlocations"), nullptr);
+}
+
+TEST_F(LocationsWindowTest, ButtonsThatCannotActOnThePrimaryPlaceSayWhatIsMissing) {
+  Open();
+  for (const char* name : {"BUTsetPrime", "BUTremovelocations"}) {
+    EXPECT_EQ(Child<QWidget>(name).toolTip(), "This is the primary location: select another place first") << name;
+    EXPECT_TRUE(Child<QWidget>(name).isEnabled()) << name;
+  }
+  ChooseRow(1);
+  EXPECT_TRUE(Child<QWidget>("BUTsetPrime").toolTip().startsWith("Makes the selected place"));
+  EXPECT_TRUE(Child<QWidget>("BUTremovelocations").toolTip().startsWith("Takes the selected place off"));
+}
+
+TEST_F(LocationsWindowTest, TheBoxesSayWhatTheirNumbersAre) {
+  Open();
+  EXPECT_TRUE(Box("TLON2").toolTip().contains("west longitudes as positive numbers: 1° east is 359"));
+  EXPECT_TRUE(Box("tLAT1(0)").toolTip().contains("A minus would count for the degrees alone"));
+  Type("tLAT1(0)", "-51");
+  EXPECT_NE(Label("LAplace").find("a minus counts for the degrees alone: untick North"), std::string::npos);
+}
+
 TEST_F(LocationsWindowTest, EveryButtonSaysInItsToolTipWhatItDoes) {
   Open();
   for (const char* button : {"BUTaddlocations", "BUTsaveSetting", "BUTremovelocations", "BUTsetPrime"}) {

@@ -17,12 +17,22 @@ bool ScriptedMessages::AskYesNo(std::string_view text, std::string_view title) {
   return Answer(text, title, true);
 }
 
+platform::Unstored ScriptedMessages::AskUnstored(std::string_view text, std::string_view title) {
+  unstored_ = platform::Unstored::kStay;
+  Answer(text, title, true);
+  return unstored_;
+}
+
+void ScriptedMessages::ExpectUnstored(std::string_view part, platform::Unstored answer) {
+  script_.push_back({std::string(part), true, false, {}, answer});
+}
+
 void ScriptedMessages::ExpectMessage(std::string_view part, std::function<void()> meanwhile) {
-  script_.push_back({std::string(part), false, false, std::move(meanwhile)});
+  script_.push_back({std::string(part), false, false, std::move(meanwhile), platform::Unstored::kStay});
 }
 
 void ScriptedMessages::ExpectQuestion(std::string_view part, bool answer, std::function<void()> meanwhile) {
-  script_.push_back({std::string(part), true, answer, std::move(meanwhile)});
+  script_.push_back({std::string(part), true, answer, std::move(meanwhile), platform::Unstored::kStay});
 }
 
 void ScriptedMessages::CheckAllAsked() {
@@ -44,6 +54,7 @@ bool ScriptedMessages::Answer(std::string_view text, std::string_view title, boo
     ADD_FAILURE() << "expected a " << (scripted.isQuestion ? "question" : "message") << " with \"" << scripted.part
                   << "\" but got the " << kind << " \"" << text << "\"";
   }
+  unstored_ = scripted.unstored;
   if (scripted.meanwhile) scripted.meanwhile();
   return scripted.answer;
 }

@@ -16,11 +16,15 @@ class ScriptedMessages : public platform::Messages {
  public:
   void Show(std::string_view text, std::string_view title, platform::MessageIcon icon) override;
   bool AskYesNo(std::string_view text, std::string_view title) override;
+  platform::Unstored AskUnstored(std::string_view text, std::string_view title) override;
 
   /// The next message holds this text. @param meanwhile  runs while the message stands
   void ExpectMessage(std::string_view part, std::function<void()> meanwhile = {});
   /// The next message is a question that holds this text, and gets this answer. @param meanwhile  runs while it stands
   void ExpectQuestion(std::string_view part, bool answer, std::function<void()> meanwhile = {});
+
+  /// The next message is a question for what was typed and not stored, and gets this answer.
+  void ExpectUnstored(std::string_view part, platform::Unstored answer);
 
   /// Texts of all messages and questions so far, whole.
   const std::vector<std::string>& Texts() const { return texts_; }
@@ -37,11 +41,13 @@ class ScriptedMessages : public platform::Messages {
     bool isQuestion = false;
     bool answer = false;
     std::function<void()> meanwhile;
+    platform::Unstored unstored = platform::Unstored::kStay;
   };
 
   bool Answer(std::string_view text, std::string_view title, bool isQuestion);
 
   std::deque<Scripted> script_;
+  platform::Unstored unstored_ = platform::Unstored::kStay;  ///< the answer given last
   std::vector<std::string> texts_;
   std::vector<std::string> titles_;
   std::vector<platform::MessageIcon> icons_;

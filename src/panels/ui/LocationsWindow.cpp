@@ -85,12 +85,8 @@ QWidget* LocationsWindow::BuildList(QWidget* parent) {
   auto* label = platform::qt::LabelFor(list_, tr("&Ticked places are drawn on the map"), box);
   label->setWordWrap(true);
   list_->setAccessibleName(tr("Locations"));
-  setPrime_ = MakeButton("BUTsetPrime", tr("Make &Primary Location"),
-                         tr("Makes the selected place, as the boxes show it, the one that the station stands at; the "
-                            "old one takes its row in the list"),
-                         box);
-  remove_ = MakeButton("BUTremovelocations", tr("D&elete Selected Location"),
-                       tr("Takes the selected place off the list, without asking; the primary location stays"), box);
+  setPrime_ = MakeButton("BUTsetPrime", tr("Make &Primary Location"), {}, box);
+  remove_ = MakeButton("BUTremovelocations", tr("D&elete Selected Location"), {}, box);
   auto* column = new QVBoxLayout(box);
   column->setSpacing(kGapPx);
   column->addWidget(label);
@@ -136,8 +132,7 @@ QWidget* LocationsWindow::BuildFoot() {
   hint_->setTextFormat(Qt::PlainText);
   add_ = MakeButton("BUTaddlocations", tr("&Add Location"),
                     tr("Adds what the boxes hold to the list as a new place, drawn on the map"), foot);
-  save_ =
-      MakeButton("BUTsaveSetting", tr("&Save Setting"), tr("Changes the selected place to what the boxes hold"), foot);
+  save_ = MakeButton("BUTsaveSetting", tr("&Save Setting"), {}, foot);
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(0, 0, 0, 0);
   row->addWidget(hint_, 1);
@@ -197,6 +192,22 @@ void LocationsWindow::Follow() {
                                          : tr("Not stored yet. \"Save Setting\" changes \"%1\", \"Add Location\" makes "
                                               "a new place of it.")
                                                .arg(chosen));
+  ExplainButtons();
+}
+
+/// Every button can be clicked at any time. Where it would have nothing to act on it says what is missing.
+void LocationsWindow::ExplainButtons() {
+  const int item = list_->Selected();
+  const QString other = tr("This is the primary location: select another place first");
+  const QString none = tr("Select a place of the list first");
+  setPrime_->setToolTip(item < 0    ? none
+                        : item == 0 ? other
+                                    : tr("Makes the selected place, as the boxes show it, the one that the station "
+                                         "stands at; the old one takes its row in the list"));
+  remove_->setToolTip(item < 0    ? none
+                      : item == 0 ? other
+                                  : tr("Takes the selected place off the list, without asking"));
+  save_->setToolTip(item < 0 ? none : tr("Changes the selected place to what the boxes hold"));
 }
 
 void LocationsWindow::TakeSpot(const GeoPoint& place) {
@@ -232,6 +243,13 @@ void LocationsWindow::FocusBox(PlaceBox box) {
 
 void LocationsWindow::RunActivation() {
   station::TheHub().RunActivation();
+}
+
+/// A window that goes with the launcher does not come here: nobody is asked anything then.
+bool LocationsWindow::MayClose() {
+  bool may = true;
+  Do([&] { may = behaviour_->MayClose(); });
+  return may;
 }
 
 void LocationsWindow::OnUnload() {

@@ -25,6 +25,7 @@ class LocationsWindow : public platform::qt::StationWindow, public LocationsView
   void OnUnload() override;
 
  protected:
+  bool MayClose() override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
@@ -42,6 +43,7 @@ class LocationsWindow : public platform::qt::StationWindow, public LocationsView
   template <class Body>
   void Do(Body&& body);
   void Follow();
+  void ExplainButtons();
   void TakeSpot(const GeoPoint& place);
   void TakeCity(const store::City& city);
   void ShowSearch(int found);

@@ -93,8 +93,33 @@ void PlaceForm::BuildTop(QGridLayout& grid) {
   grid.addWidget(decimals, 4, 0, 1, 2);
 }
 
+/// What a box takes, where its number is not what a user may expect.
+QString PlaceForm::HintOf(PlaceBox box) {
+  switch (box) {
+    case PlaceBox::kHeight:
+      return tr("Whole metres above sea level; below it with a minus");
+    case PlaceBox::kLatDec:
+      return tr("0 to 90, without a sign: \"North\" says on which side of the equator");
+    case PlaceBox::kLonDec:
+      return tr(
+          "0 to 360, without a sign: \"West\" says which way. Files and settings hold west longitudes as positive "
+          "numbers: 1° east is 359 there");
+    case PlaceBox::kLatDeg:
+      return tr(
+          "0 to 90: \"North\" says on which side of the equator. A minus would count for the degrees alone, not "
+          "for minutes and seconds");
+    case PlaceBox::kLonDeg:
+      return tr(
+          "0 to 360: \"West\" says which way. A minus would count for the degrees alone, not for minutes and "
+          "seconds");
+    default:
+      return {};
+  }
+}
+
 QLineEdit* PlaceForm::MakeBox(PlaceBox box, const QString& name, QWidget* parent) {
   auto* field = Named(new QLineEdit(parent), name, ToQt(NameOf(box)));
+  field->setToolTip(HintOf(box));
   connect(field, &QLineEdit::textEdited, this, &PlaceForm::Edited);
   boxes_.at(static_cast<std::size_t>(box)) = field;
   return field;

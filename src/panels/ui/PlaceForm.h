@@ -47,6 +47,7 @@ class PlaceForm : public QGroupBox {
   void BuildTop(QGridLayout& grid);
   QWidget* BuildParts();
   QWidget* BuildDecimals();
+  static QString HintOf(PlaceBox box);
   QLineEdit* MakeBox(PlaceBox box, const QString& name, QWidget* parent);
   void AddUnit(QGridLayout& grid, int row, int column, PlaceBox box, const QString& unit);
   void AddSign(QGridLayout& grid, int row, int column, PlacePage page, PlaceTick tick);

@@ -1,5 +1,6 @@
 #include "platform/qt/QtDoors.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QDate>
 #include <QDir>
@@ -56,6 +57,7 @@ int Ask(std::string_view text, std::string_view title, QChar sign, QMessageBox::
   box.setIconPixmap(Sign(sign, box.devicePixelRatioF()));
   box.setTextFormat(Qt::PlainText);
   box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+  if (QAbstractButton* stay = box.button(QMessageBox::Cancel)) stay->setText(QObject::tr("S&tay"));
   return box.exec();
 }
 
@@ -103,6 +105,21 @@ bool QtMessages::AskYesNo(std::string_view text, std::string_view title) {
     return false;
   }
   return Ask(text, title, '?', QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+Unstored QtMessages::AskUnstored(std::string_view text, std::string_view title) {
+  if (silent_) {
+    Tell(text);
+    return Unstored::kStay;
+  }
+  switch (Ask(text, title, '?', QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel)) {
+    case QMessageBox::Save:
+      return Unstored::kSave;
+    case QMessageBox::Discard:
+      return Unstored::kDiscard;
+    default:
+      return Unstored::kStay;
+  }
 }
 
 std::optional<std::filesystem::path> QtFileChooser::ChooseSaveFile(std::string_view title,

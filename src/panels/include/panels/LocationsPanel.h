@@ -71,6 +71,9 @@ class LocationsPanel {
 
   void Load();
   void Unload();
+  /// The user asks to close. What he has typed and not stored is stored, dropped, or kept by staying, as he says.
+  /// @return false to stay
+  bool MayClose();
 
   void ListClicked();
   /// The tick event of a row, from the user or by code.
@@ -95,9 +98,16 @@ class LocationsPanel {
     store::ShownAngle latitude;
     store::ShownAngle longitude;
   };
+  /// An angle that is shown in parts. Those are cut to whole seconds, so as long as nobody types in them the angle
+  /// itself counts.
+  struct ShownParts {
+    std::array<std::string, 3> texts;
+    double degrees = 0;
+  };
 
   PlacePage Page() const;
   Angles ReadParts() const;
+  std::string MinusNote() const;
   Angles ReadDecimal() const;
   store::Place ReadPlace();
   Angles DMSPageToDec();
@@ -119,6 +129,8 @@ class LocationsPanel {
 
   orbit::Tables& tables_;
   LocationsView& view_;
+  ShownParts shownLatitude_;
+  ShownParts shownLongitude_;
   BoxTexts settled_;  ///< the boxes as the chosen place was last shown or stored
   bool rebuilding_ = false;
 };

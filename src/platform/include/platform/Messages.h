@@ -12,6 +12,9 @@ inline constexpr std::string_view kProgramTitle = "Kestrava";
 /// The sign beside a message.
 enum class MessageIcon { kInformation, kExclamation };
 
+/// What a user wants of what he has typed and not stored when he closes its window.
+enum class Unstored { kSave, kDiscard, kStay };
+
 class Messages {
  public:
   virtual ~Messages() = default;
@@ -20,6 +23,8 @@ class Messages {
                     MessageIcon icon = MessageIcon::kInformation) = 0;
   /// A question with Yes and No. @return true for Yes
   virtual bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) = 0;
+  /// A question with Save, Discard and Stay. Where nobody can be asked: to stay, which loses nothing.
+  virtual Unstored AskUnstored(std::string_view, std::string_view = kProgramTitle) { return Unstored::kStay; }
 };
 
 /// What failed: a click tells of its fault each time it is made, a tick that fails again and again tells each fault

@@ -18,8 +18,9 @@ class QtMessages : public Messages {
   void Show(std::string_view text, std::string_view title = kProgramTitle,
             MessageIcon icon = MessageIcon::kInformation) override;
   bool AskYesNo(std::string_view text, std::string_view title = kProgramTitle) override;
-  /// From now on a message goes to the error stream, and a question is answered with No: the run is ending, and no box
-  /// is to hold it up.
+  Unstored AskUnstored(std::string_view text, std::string_view title = kProgramTitle) override;
+  /// From now on a message goes to the error stream, and a question is answered with No or Stay: the run is ending, and
+  /// no box is to hold it up.
   void GoSilent() { silent_ = true; }
 
  private:
