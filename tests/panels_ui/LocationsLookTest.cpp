@@ -76,6 +76,7 @@ TEST_F(LocationsLook, NothingIsCutOffInBothLooksAndThreeSizes) {
     MovePointer({100, 60});
     ExpectNothingCutOff();
     Shot(look + "-decimal-edited");
+    messages.ExpectUnstored("not stored yet", platform::Unstored::kDiscard);
     CloseByUser();
   }
 }

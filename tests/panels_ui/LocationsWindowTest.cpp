@@ -94,7 +94,11 @@ TEST_F(LocationsWindowTest, SecondsAreCutOffOnTheWayToTheParts) {
   SetTick("CHdecDeg", false);
   EXPECT_EQ(Parts(), "10 59 59 / 2 30 0");
   SetTick("CHdecDeg", true);
-  EXPECT_EQ(Decimals(), "10.999722222 N 2.5 E") << "to the parts and back loses up to a second";
+  EXPECT_EQ(Decimals(), "10.9999 N 2.5 E") << "nobody has touched the parts";
+  SetTick("CHdecDeg", false);
+  Type("tLAT1(2)", "58");
+  SetTick("CHdecDeg", true);
+  EXPECT_EQ(Decimals(), "10.999444444 N 2.5 E");
 }
 
 TEST_F(LocationsWindowTest, ASignIsCopiedToItsTwinOnTheOtherPage) {

@@ -161,7 +161,7 @@ QGroupBox* MainSettingsWindow::BuildRecording(QWidget* page) {
   for (QWidget* control : {static_cast<QWidget*>(wavFolder_), static_cast<QWidget*>(browse_)})
     platform::qt::EnableByWindow(*control, kRecordingWindow);
   const int row = grid.rowCount();
-  grid.addWidget(platform::qt::LabelFor(wavFolder_, tr("P&ath to save Recorded WAVs"), section), row, 0);
+  grid.addWidget(platform::qt::LabelFor(wavFolder_, tr("Pat&h to save Recorded WAVs"), section), row, 0);
   auto* line = new QHBoxLayout;
   line->setSpacing(kGapPx);
   line->addWidget(wavFolder_, 1);
