@@ -230,8 +230,9 @@ TEST_F(RealProgram, AFileWhereAFolderIsNeededIsWrongUse) {
   for (const char* option : {"--data", "--tour"}) {
     const Ended ended = Run({option, file});
     EXPECT_EQ(ended.how, "code 2") << option;
-    EXPECT_EQ(ended.err, "kestrava: " + std::string(option) + " needs a folder, and " + file +
-                             " is a file. kestrava --help tells what there is.\n");
+    const std::string line = "kestrava: " + std::string(option) + " needs a folder, and " + file +
+                             " is a file. kestrava --help tells what there is.\n";
+    EXPECT_TRUE(ended.err.ends_with(line)) << ended.err;  // the toolkit may speak of its folders before
   }
   EXPECT_EQ(Content(file), before);
 }
