@@ -13,6 +13,7 @@
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/FaultLog.h"
+#include "platform/SharedFiles.h"
 #include "platform/linux/EndSignals.h"
 #include "platform/linux/MachinePlaces.h"
 #include "platform/linux/PosixFiles.h"
@@ -64,6 +65,7 @@ struct Machine {
   platform::SystemStopwatch stopwatch;
   platform::SystemRandom random;
   platform::PosixFiles files;
+  platform::PosixFolders folders;
   platform::SilentSpeech silence;
   platform::XdgSettings settings{settingsFolder, clock, TellDamagedSettings, TellOddSetting};
   platform::qt::QtEventLoop eventLoop;
@@ -79,8 +81,10 @@ struct Machine {
     return {&clock,  &stopwatch, &locale,  &settings,     &files,       &eventLoop, &messages,
             &opener, &random,    &silence, windows.get(), &fileChooser, &printing};
   }
+  Machine() { platform::UseFolderLocks(&folders); }
   ~Machine() {
     windows.reset();
+    platform::UseFolderLocks(nullptr);
     platform::EndFaultLog();
   }
 };
@@ -102,9 +106,8 @@ std::optional<store::ZonePlace> PlaceOfTheMachine() {
 }
 
 /// Fills a new folder. @return true if it was new, nothing if it could not be filled, which has been said
-std::optional<bool> PrepareFolder(const fs::path& shipped, const std::string& folder) {
+std::optional<bool> PrepareFolder(const fs::path& shipped, const std::string& folder, platform::PosixFolders& folders) {
   try {
-    platform::PosixFolders folders;
     return store::PrepareFirstStart(shipped, folder, PlaceOfTheMachine(), folders);
   } catch (const platform::Fault& fault) {
     shell::ReportFatal(
@@ -149,7 +152,7 @@ int Run(const CommandLine& commandLine) {
   const std::string folder = FindDataFolder(commandLine);
   platform::RemoveUnfinished(machine.settingsFolder);
   platform::RemoveUnfinished(folder);
-  const std::optional<bool> firstStart = PrepareFolder(shipped.Folder(), folder);
+  const std::optional<bool> firstStart = PrepareFolder(shipped.Folder(), folder, machine.folders);
   if (!firstStart) return shell::kFatalExitCode;
   shell::LauncherSetup setup = SetupOf(machine, folder, shipped);
   setup.firstStart = *firstStart;

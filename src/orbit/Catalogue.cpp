@@ -7,6 +7,7 @@
 
 #include "orbit/ElementReader.h"
 #include "orbit/Tables.h"
+#include "orbit/TextHelpers.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Text.h"
@@ -109,16 +110,14 @@ bool HasEnding(std::string_view name, std::string_view ending) {
   return name.size() >= ending.size() && platform::EqualsIgnoringCase(name.substr(name.size() - ending.size()), ending);
 }
 
-/// The files that groups.dat names, in its order, each once: word 2 of each line, up to the first blank line, as the
-/// groups themselves are read.
+/// The files that groups.dat names, in its order, each once: word 2 of each line, up to the first blank line, by the
+/// rule with which the groups themselves are read. So a line without a comma is its own address.
 std::vector<std::string> NamesFromGroups(std::string_view groups) {
   std::vector<std::string> names;
   int rows = 0;
   for (const std::string& line : platform::SplitLines(groups)) {
     if (platform::Trim(line).empty() || ++rows > kGroupRows) break;
-    const std::vector<std::string> words = platform::SplitAt(line, ',');
-    if (words.size() < 2) continue;
-    std::string name = platform::FileNameOfAddress(platform::Trim(words[1]));
+    std::string name = platform::FileNameOfAddress(platform::Trim(GetDelimitedWord(line, 2, ",")));
     const bool known = std::any_of(names.begin(), names.end(),
                                    [&](const std::string& n) { return platform::EqualsIgnoringCase(n, name); });
     if (!name.empty() && !known) names.push_back(std::move(name));

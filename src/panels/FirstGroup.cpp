@@ -19,16 +19,17 @@ std::string Quoted(std::string_view text) {
   return '"' + platform::QuoteOf(text) + '"';
 }
 
-bool HasItsFile(const orbit::GroupRec& group) {
-  const std::string file = store::ElementFileOf(group);
-  return !file.empty() && platform::FileExists(platform::InAppDir(file));
-}
-
 /// A file that cannot be read is none to be named.
 bool HoldsSets(std::string_view file) {
   bool holds = false;
-  platform::FaultTrap{"CONgroups - FirstGroup"}([&] { holds = store::HoldsSets(file); });
+  platform::FaultTrap{"CONgroups - FirstGroup"}([&] { holds = store::HoldsUsableSet(file); });
   return holds;
+}
+
+/// The launcher wants more of it than that it is there.
+bool HasItsFile(const orbit::GroupRec& group) {
+  const std::string file = store::ElementFileOf(group);
+  return !file.empty() && platform::FileExists(platform::InAppDir(file)) && HoldsSets(file);
 }
 
 /// A group of the element server whose file is there; empty if there is none.
@@ -86,8 +87,8 @@ std::string FirstGroupTrouble(const orbit::Tables& tables) {
     const orbit::GroupRec& first = platform::At(tables.GroupList, 1);
     if (HasItsFile(first)) return {};
     const std::string file = store::ElementFileOf(first);
-    missing = "The file of your first group " + Quoted(first.Name) + " is not there" +
-              (file.empty() ? std::string(": it names none.") : ": " + Quoted(file) + ".");
+    missing = "The file of your first group " + Quoted(first.Name) + ' ' +
+              (file.empty() ? "is not there: it names none." : store::TroubleWith(file) + ": " + Quoted(file) + ".");
   }
   return missing +
          "\n\nKestrava needs a first group whose file is in its folder. Without one it ends as soon as this window is "

@@ -62,9 +62,29 @@ void OpenOutside(const std::string& address) {
   if (!platform::TheOpener().Open(address)) throw Fault::InvalidCall();
 }
 
-std::string NotSavedText() {
-  return "Your groups and favourites could not all be saved in " + platform::AppDir +
-         ": error.log tells why. They hold until Kestrava ends; the files stay as they were.";
+/// The reason in words, beside the run-time's own.
+std::string InWords(const Fault& fault) {
+  const std::string text = fault.what();
+  if (fault.Number() == Fault::DiskFull().Number()) return "the disk has no room (" + text + ")";
+  if (text == Fault::PathFileAccess().what()) return "it may not be written there (" + text + ")";
+  return text;
+}
+
+/// Runs a save. @return why it failed; empty if it did not
+template <class Save>
+std::string TrySave(std::string_view file, Save&& save) {
+  try {
+    save();
+    return {};
+  } catch (const Fault& fault) {
+    platform::ErrorTrap(fault.what(), kUnloadTrap);
+    return "\n" + std::string(file) + ": " + InWords(fault);
+  }
+}
+
+std::string NotSavedText(const std::string& reasons) {
+  return "Your groups and favourites could not all be saved in " + platform::AppDir + "\n" + reasons +
+         "\n\nThey hold until Kestrava ends; the files stay as they were.";
 }
 
 std::string UnknownText(const std::vector<std::string>& names) {
@@ -97,10 +117,9 @@ void GroupsPanel::Load() {
 
 void GroupsPanel::Unload() {
   open_ = false;
-  const FaultTrap trap{kUnloadTrap};
-  const bool faves = trap([&] { store::SaveFaves(tables_); });
-  const bool groups = trap([&] { store::SaveGroups(tables_); });
-  saved_ = faves && groups;
+  std::string reasons = TrySave("faves.dat", [&] { store::SaveFaves(tables_); });
+  reasons += TrySave("groups.dat", [&] { store::SaveGroups(tables_); });
+  if (!reasons.empty()) TheMessages().Show(NotSavedText(reasons));
 }
 
 bool GroupsPanel::MayClose() {
@@ -109,7 +128,6 @@ bool GroupsPanel::MayClose() {
 }
 
 void GroupsPanel::UserClosed() {
-  if (!saved_) TheMessages().Show(NotSavedText());
   if (!FirstGroupTrouble(tables_).empty()) return;  // this run ends, and a new one would, too
   const orbit::OrbitEngine* engine = engine_();
   if (engine == nullptr) return;

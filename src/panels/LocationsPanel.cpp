@@ -94,6 +94,8 @@ void LocationsPanel::Click(std::string_view what, Body&& body) {
     } catch (const Refused& refusal) {
       refused = refusal.Box();
       throw;
+    } catch (const store::LeftAsItIs&) {
+      // he was asked, and has said so himself
     }
   });
   if (refused) view_.FocusBox(*refused);

@@ -1,5 +1,6 @@
 #include "shell/Launcher.h"
 
+#include <array>
 #include <utility>
 
 #include "orbit/OrbitEngine.h"
@@ -11,6 +12,7 @@
 #include "platform/Format.h"
 #include "platform/Links.h"
 #include "platform/Quote.h"
+#include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "platform/Version.h"
@@ -18,9 +20,14 @@
 #include "shell/KepAge.h"
 #include "shell/Shutdown.h"
 #include "shell/StoredPlace.h"
+#include "store/Backups.h"
 #include "store/Favourites.h"
 #include "store/Groups.h"
 #include "store/Locations.h"
+#include "store/WaitingFavourites.h"
+
+#include "FirstGroupFile.h"
+#include "StartNews.h"
 
 namespace kestrava::shell {
 
@@ -28,7 +35,8 @@ namespace {
 
 constexpr std::string_view kMaker = "The Kestrava Makers";
 constexpr std::string_view kLoadTrap = "Main Form Load";
-constexpr std::string_view kFavesFile = "faves.dat";
+/// The list first: a kill in between leaves a favourite in both.
+constexpr std::array<std::string_view, 2> kFavouriteFiles{"faves.dat", store::kWaitingFile};
 constexpr std::string_view kSettingsTrap = "LauncherLoadAllSettings";
 constexpr std::string_view kAutomationMark = "utomat";
 constexpr std::string_view kAutomationMessage =
@@ -146,6 +154,7 @@ void Launcher::FindAppDir() {
     if (platform::FileExists(platform::InAppDir("groups.dat"))) return;
     platform::TheMessages().Show("Problem finding 'groups.dat' (a file used by kestrava) in the folder: " +
                                  platform::AppDir);
+    if (const auto backup = store::FullestBackup("groups.dat")) OfferBackup("", "groups.dat", *backup);
     view_.UnloadSelf();
   });
   platform::FlushHeldFaults();
@@ -212,20 +221,25 @@ void Launcher::Activate() {
   platform::Windows& windows = platform::TheWindows();
   if (platform::Window* splash = windows.Find("frmSplash")) windows.Unload(*splash);
   ShowClockMode();
+  if (!std::exchange(newsTold_, true)) TellNews();
+}
+
+/// When the window stands: a message would keep it back.
+void Launcher::TellNews() {
+  const std::string news = StartNews(tables_, Set(orbit::Engine).SatelliteNames());
+  if (news.empty()) return;
+  platform::TheEventLoop().Later([news] {
+    platform::TheMessages().Show(news);
+    platform::FaultTrap{kSettingsTrap}([] { store::MarkWaitingTold(); });
+  });
 }
 
 void Launcher::ShowElementAge() {
-  const std::string file = platform::FileNameOfAddress(tables_.GroupList[1].Address);
-  const std::string path = platform::InAppDir(file).string();
-  const std::string shownPath = platform::AppDir + platform::QuoteOf(file);
-  atWork_ = {"", "The element file of the first group cannot be found: " + shownPath,
-             "Put the file back, or name another group first in groups.dat, then start Kestrava again.", file};
-  if (file.empty()) {
-    atWork_.subject = "The first line of " + platform::InAppDir("groups.dat").string() + " names no element file.";
-    atWork_.remedy = "Write a group with its address into that line, then start Kestrava again.";
-    throw platform::Fault::FileNotFound();
-  }
-  const platform::SerialDate date = platform::TheFiles().ModifiedLocal(path);
+  const FirstGroupCheck first = CheckFirstGroup(tables_);
+  atWork_ = first.report;
+  if (first.fault) throw *first.fault;
+  const auto file = platform::InAppDir(platform::FileNameOfAddress(tables_.GroupList[1].Address));
+  const platform::SerialDate date = platform::TheFiles().ModifiedLocal(file);
   if (const auto text = KepAgeText(ElementAgeDays(orbit::NowLocal(), date))) {
     view_.SetLabel(LauncherLabel::kKepAge, *text);
   }
@@ -294,18 +308,27 @@ void Launcher::ShowClockMode() {
 }
 
 void Launcher::RememberFavourites() {
-  const auto file = platform::InAppDir(kFavesFile);
-  platform::FaultTrap{kSettingsTrap}([&] {
-    if (platform::FileExists(file)) favesAtStart_ = platform::TheFiles().Read(file);
-  });
+  for (const std::string_view name : kFavouriteFiles) {
+    const auto file = platform::InAppDir(name);
+    platform::FaultTrap{kSettingsTrap}([&] {
+      if (platform::FileExists(file)) atStart_[std::string(name)] = platform::TheFiles().Read(file);
+    });
+  }
 }
 
 void Launcher::BringFavouritesBack() {
-  const auto file = platform::InAppDir(kFavesFile);
-  platform::FaultTrap{kSettingsTrap}([&] {
-    if (favesAtStart_ && platform::TheFiles().Read(file) != *favesAtStart_)
-      platform::TheFiles().Replace(file, *favesAtStart_);
-  });
+  const auto hold = platform::HoldAppDir();
+  for (const std::string_view name : kFavouriteFiles) {
+    const auto file = platform::InAppDir(name);
+    const auto before = atStart_.find(std::string(name));
+    platform::FaultTrap{kSettingsTrap}([&] {
+      if (before == atStart_.end()) {
+        if (name == store::kWaitingFile && platform::FileExists(file)) platform::TheFiles().Remove(file);
+      } else if (!platform::FileExists(file) || platform::TheFiles().Read(file) != before->second) {
+        platform::TheFiles().Replace(file, before->second);
+      }
+    });
+  }
 }
 
 FatalReport Launcher::DescribeFault(const platform::Fault& fault) const {

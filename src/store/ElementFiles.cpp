@@ -1,5 +1,7 @@
 #include "store/ElementFiles.h"
 
+#include "orbit/ElementReader.h"
+#include "platform/Doors.h"
 #include "platform/EventLoop.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
@@ -42,6 +44,27 @@ bool HoldsSets(std::string_view file) {
     if (IsFirstLineOfSet(reader.ReadLine())) return true;
   }
   return false;
+}
+
+bool HoldsUsableSet(std::string_view file) {
+  const std::string text = platform::TheFiles().Read(platform::InAppDir(file));
+  constexpr std::size_t kBeginning = 32768;  // almost always tells: the launcher asks at each activation
+  if (!orbit::ReadElementSets(std::string_view(text).substr(0, kBeginning)).sets.empty()) return true;
+  return text.size() > kBeginning && !orbit::ReadElementSets(text).sets.empty();
+}
+
+std::string TroubleWith(std::string_view file) {
+  const auto path = platform::InAppDir(file);
+  if (!platform::FileExists(path) && !platform::TheFiles().FolderExists(path)) return "is not there";
+  try {
+    const orbit::ElementFile elements = orbit::ReadElementSets(platform::TheFiles().Read(path));
+    if (elements.sets.empty()) return "holds no elements";
+    if (elements.refused.empty()) return {};
+    const std::size_t damaged = elements.refused.size();
+    return "holds " + std::to_string(damaged) + (damaged == 1 ? " damaged set" : " damaged sets");
+  } catch (const platform::Fault& fault) {
+    return "cannot be read (" + std::string(fault.what()) + ")";
+  }
 }
 
 std::int16_t FindFirstKepLine(std::string_view file) {

@@ -12,6 +12,8 @@
 #include "platform/Fault.h"
 #include "platform/Format.h"
 #include "platform/Text.h"
+#include "store/Backups.h"
+#include "store/ElementFiles.h"
 
 #include "FirstFavourites.h"
 
@@ -169,6 +171,17 @@ std::string ShippedSpelling(const fs::path& shipped, std::string_view fileName) 
   return {};
 }
 
+/// Whether a file of the user serves as it is: one that is there, and is what it should be.
+bool IsSound(std::string_view fileName) {
+  try {
+    if (!platform::FileExists(platform::InAppDir(fileName))) return false;
+    if (platform::EqualsIgnoringCase(fileName, kMarkOfAFolder)) return RowsOnDisk(fileName, fileName) > 0;
+    return fs::path(fileName).extension() != ".txt" || HoldsUsableSet(fileName);
+  } catch (const platform::Fault&) {
+    return false;
+  }
+}
+
 /// "America/New_York" lies at "New York".
 std::string PlaceName(std::string_view zoneName) {
   const std::size_t slash = zoneName.rfind('/');
@@ -225,7 +238,8 @@ bool PutBack(const fs::path& shipped, std::string_view fileName) {
   const std::string name = ShippedSpelling(shipped, fileName);
   if (name.empty()) return false;
   const fs::path target = platform::InAppDir(fileName);
-  if (platform::FileExists(target)) return true;
+  if (IsSound(fileName)) return true;
+  MoveAside(fileName);
   platform::Files& files = platform::TheFiles();
   files.Replace(target, files.Read(shipped / name));
   DateByElements(target);

@@ -6,12 +6,15 @@
 #include <utility>
 
 #include "orbit/TextHelpers.h"
+#include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Format.h"
+#include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 
+#include "MergeRows.h"
 #include "Rewrite.h"
 
 namespace kestrava::store {
@@ -42,24 +45,70 @@ orbit::LocationRec LocationOf(std::string_view line) {
   return location;
 }
 
-/// Whether a load of these lines would bring fewer rows than there are lines: a blank line or a row without a name ends
-/// it, a fault breaks it off.
-bool HoldsUnreadLines(const Lines& lines) {
-  std::size_t taken = 0;
-  try {
-    while (taken < lines.size() && taken < orbit::kLocationRows && !IsBlank(lines[taken]) &&
-           !IsBlank(LocationOf(lines[taken]).Name)) {
-      ++taken;
-    }
-  } catch (const platform::Fault&) {
-    return true;
-  }
-  return !std::all_of(lines.begin() + static_cast<std::ptrdiff_t>(taken), lines.end(), IsBlank);
+std::string LineOf(const orbit::LocationRec& location) {
+  return location.OnMap + location.Name + ";" + location.Longitude + ";" + location.Latitude + ";" +
+         std::to_string(location.HASL);
 }
 
-}  // namespace
+/// What is written of the table.
+Lines RowsOf(const orbit::Tables& tables) {
+  Lines rows;
+  for (int i = 1; i <= orbit::kLocationRows; ++i) {
+    const orbit::LocationRec& location = At(tables.LocationList, i);
+    if (IsBlank(location.Name)) break;
+    rows.push_back(LineOf(location));
+  }
+  return rows;
+}
 
-void LoadLocations(orbit::Tables& tables) {
+/// A file as a load takes it: a blank line or a row without a name ends it, a fault breaks it off.
+struct Reading {
+  Lines rows;    ///< as the writer would have them
+  Lines unread;  ///< lines that are not blank and are not taken
+};
+
+Reading ReadLines(const Lines& lines) {
+  Reading reading;
+  auto line = lines.begin();
+  try {
+    for (; line != lines.end() && reading.rows.size() < orbit::kLocationRows && !IsBlank(*line); ++line) {
+      const orbit::LocationRec location = LocationOf(*line);
+      if (IsBlank(location.Name)) break;
+      reading.rows.push_back(LineOf(location));
+    }
+  } catch (const platform::Fault&) {
+    // the lines from here on are the unread ones
+  }
+  std::copy_if(line, lines.end(), std::back_inserter(reading.unread),
+               [](const std::string& rest) { return !IsBlank(rest); });
+  return reading;
+}
+
+/// A place is the same one as long as it has its name.
+std::string NameOfRow(std::string_view row) {
+  return platform::Mid(row.substr(0, row.find(';')), 2);
+}
+
+/// Why a load broke off: the line, unless it is one too many.
+std::string WhyUnread(const platform::Fault& fault) {
+  const Lines unread = ReadLines(LinesOnDisk(kFile)).unread;
+  if (unread.empty() || fault.Number() == platform::Fault::SubscriptOutOfRange().Number()) return fault.what();
+  return std::string(fault.what()) + " in the line \"" + platform::Left(platform::Trim(unread.front()), 80) + "\"";
+}
+
+/// @throws LeftAsItIs where the user wants it so
+void AskToLeaveOut(const Lines& unread) {
+  if (unread.empty()) return;
+  const bool one = unread.size() == 1;
+  const std::string question =
+      std::to_string(unread.size()) + (one ? " line" : " lines") + " of " + std::string(kFile) +
+      (one ? " is no place" : " are no places") + " that Kestrava can read: " + NamesOf(unread) +
+      "\n\nIf your change is stored, " + (one ? "it is" : "they are") +
+      " left out of the file; the file as it stands is kept as " + std::string(kFile) + ".bak. Store it?";
+  if (!platform::TheMessages().AskYesNo(question)) throw LeftAsItIs();
+}
+
+void ReadTable(orbit::Tables& tables) {
   platform::TextReader reader(platform::InAppDir(kFile));
   int row = 1;
   while (!reader.AtEnd()) {
@@ -72,16 +121,45 @@ void LoadLocations(orbit::Tables& tables) {
   for (; row <= kLastRowCleared; ++row) At(tables.LocationList, row).Name.clear();
 }
 
-void SaveLocations(const orbit::Tables& tables) {
-  Lines lines;
-  for (int i = 1; i <= orbit::kLocationRows; ++i) {
-    const orbit::LocationRec& location = At(tables.LocationList, i);
-    if (IsBlank(location.Name)) break;
-    lines.push_back(location.OnMap + location.Name + ";" + location.Longitude + ";" + location.Latitude + ";" +
-                    std::to_string(location.HASL));
+}  // namespace
+
+void LoadLocations(orbit::Tables& tables) {
+  try {
+    ReadTable(tables);
+  } catch (const platform::Fault& fault) {
+    std::string trouble = fault.what();
+    try {
+      trouble = WhyUnread(fault);
+    } catch (const platform::Fault&) {
+      // it cannot be read at all
+    }
+    platform::RememberKnown(kFile, {RowsOf(tables), IsMissing(kFile), trouble});
+    throw;
   }
-  const Lines old = LinesOnDisk(kFile);
-  RewriteFile(kFile, lines, HoldsUnreadLines(old) ? LinesMissing(old, lines) : Lines{}, "Global SaveLocations");
+  platform::RememberKnown(kFile, {RowsOf(tables), true, {}});
+}
+
+void SaveLocations(const orbit::Tables& tables) {
+  const Lines rows = RowsOf(tables);
+  const auto known = platform::LastKnown(kFile);
+  const bool changed = !known || rows != known->rows;
+  if (!changed && !known->whole) return;
+  const Lines unread = ReadLines(LinesOnDisk(kFile)).unread;
+  if (!changed && !unread.empty()) return;
+  AskToLeaveOut(unread);
+  const auto hold = platform::HoldAppDir();  // not before: a question may stand for hours
+  const Lines lines = LinesOnDisk(kFile);
+  const Reading old = ReadLines(lines);
+  const Lines base = known ? known->rows : old.rows;
+  const Lines theirs = old.rows.empty() ? base : old.rows;  // one that is emptied or gone takes no place away
+  Lines merged = MergeRows(base, rows, theirs, NameOfRow);
+  const Lines noRoom = CutTo(merged, orbit::kLocationRows);
+  Lines lost = old.unread;
+  lost.insert(lost.end(), noRoom.begin(), noRoom.end());
+  KeepWhatIsLost(kFile, lost, "Global SaveLocations");
+  if (merged != lines || !platform::FileExists(platform::InAppDir(kFile))) ReplaceLines(kFile, merged);
+  platform::RememberKnown(kFile, {rows, true, {}});
+  if (!noRoom.empty()) throw NoRoomFor(noRoom);
 }
 
 }  // namespace kestrava::store

@@ -411,6 +411,7 @@ TEST_F(LocationsPanelTest, WhereTheFileCannotBeWrittenAllIsAsItWas) {
   Open();
   Choose(1);
   const std::string before = Stored();
+  Type(PlaceBox::kHeight, "7");  // what is not changed is not written
   files.BreakWriteAfter(3);
   for (const auto click : {&LocationsPanel::AddClicked, &LocationsPanel::SaveClicked, &LocationsPanel::SetPrimeClicked,
                            &LocationsPanel::RemoveClicked}) {

@@ -19,6 +19,7 @@
 #include "shell/ui/SplashWindow.h"
 #include "shell/ui/SystemInformationWindow.h"
 
+#include "support/ElementText.h"
 #include "support/House.h"
 
 namespace kestrava::shell::ui {
@@ -51,7 +52,7 @@ class ShellWindows : public testing::House {
     Put("groups.dat", "Amateur,celestrak.org/NORAD/elements/amateur.txt,0\n");
     Put("faves.dat", "");
     Put("Locations.dat", "");
-    Put("amateur.txt", "");
+    Put("amateur.txt", testing::ElementText("AO-07", 7530));
     Put("cust2.dat", "Our club\nhttps://club.example/\n");
     PutPicture("cust1.dat");
     files.SetModifiedUtc("/house/amateur.txt", platform::MakeSerial({2024, 5, 29, 12, 0, 0}));

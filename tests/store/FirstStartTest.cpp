@@ -207,10 +207,29 @@ TEST_F(FirstStart, PutsOneShippedFileBackWithTheDateOfItsElements) {
   EXPECT_EQ(platform::SplitSerial(files.ModifiedLocal("/house/amateur.txt")).day, 14);
 }
 
-TEST_F(FirstStart, PutsNothingBackOverAFileThatIsThere) {
-  Put("amateur.txt", "mine");
+TEST_F(FirstStart, PutsNothingBackOverAFileThatCanBeUsed) {
+  const std::string mine = "# mine\n" + files.Content(kShipped / "amateur.txt");
+  Put("amateur.txt", mine);
+  Put("groups.dat", "Mine,mine.txt,1\n");
+  for (const auto* name : {"amateur.txt", "groups.dat"}) EXPECT_TRUE(PutBack(kShipped, name));
+  EXPECT_EQ(Content("amateur.txt"), mine);
+  EXPECT_EQ(Content("groups.dat"), "Mine,mine.txt,1\n");
+}
+
+TEST_F(FirstStart, MovesADamagedFileAsideBeforeItPutsTheShippedOneBack) {
+  Put("amateur.txt", "<html>\n");
   EXPECT_TRUE(PutBack(kShipped, "amateur.txt"));
-  EXPECT_EQ(Content("amateur.txt"), "mine");
+  EXPECT_EQ(Content("amateur.txt"), files.Content(kShipped / "amateur.txt"));
+  EXPECT_EQ(Content("amateur.txt.damaged"), "<html>\n");
+  Put("amateur.txt", "");
+  EXPECT_TRUE(PutBack(kShipped, "amateur.txt"));
+  EXPECT_FALSE(files.Exists("/house/amateur.txt.damaged2")) << "an empty one is worth nothing";
+  Put("amateur.txt", "cut");
+  EXPECT_TRUE(PutBack(kShipped, "amateur.txt"));
+  EXPECT_EQ(Content("amateur.txt.damaged2"), "cut");
+  Put("groups.dat", std::string(433, '\0'));
+  EXPECT_TRUE(PutBack(kShipped, "groups.dat"));
+  EXPECT_EQ(Content("groups.dat"), files.Content(kShipped / "groups.dat"));
 }
 
 TEST_F(FirstStart, PutsNothingBackThatIsNotShipped) {

@@ -127,13 +127,21 @@ TEST_F(Groups, PastRowFortyTheLoadBreaksOffWithTheCountAsItWas) {
   EXPECT_EQ(Row(40).Name, "G40");
 }
 
-TEST_F(Groups, ASaveAfterABrokenLoadKeepsTheWholeFileAside) {
+TEST_F(Groups, ATableThatCouldNotBeReadWholeIsNeverWrittenOverItsFile) {
   Put("groups.dat", Numbered(41));
   EXPECT_THROW(LoadGroups(tables), platform::Fault);
-  SaveGroups(tables);
-  EXPECT_EQ(Content("groups.dat"), "");
-  EXPECT_EQ(Content("groups.dat.bak"), Numbered(41));
-  EXPECT_EQ(TakeFaults().size(), 1U);
+  SaveGroups(tables);  // looked at, and nothing changed
+  EXPECT_EQ(Content("groups.dat"), Numbered(41));
+  tables.GroupList[1] = {"Mine", "mine.txt", "1"};
+  tables.GroupCount = 1;
+  try {
+    SaveGroups(tables);
+    FAIL() << "no fault";
+  } catch (const platform::Fault& fault) {
+    EXPECT_STREQ(fault.what(), "groups.dat could not be read whole, and is not written over");
+  }
+  EXPECT_EQ(Content("groups.dat"), Numbered(41));
+  EXPECT_FALSE(files.Exists("/house/groups.dat.bak"));
 }
 
 TEST_F(Groups, OnlyRowsUpToTwentyAreCleared) {

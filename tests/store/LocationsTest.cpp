@@ -15,7 +15,7 @@ class Locations : public testing::House {
  protected:
   orbit::Tables tables;
 
-  const orbit::LocationRec& Row(int row) const { return tables.LocationList.at(row); }
+  orbit::LocationRec& Row(int row) { return tables.LocationList.at(row); }
   static std::string Numbered(int count) {
     std::string lines;
     for (int i = 1; i <= count; ++i) lines += "0P" + std::to_string(i) + ";1.5;51.25;30\n";
@@ -93,11 +93,43 @@ TEST_F(Locations, LinesBehindABlankOneAreKeptAsideAtTheSaveAndNamed) {
   const std::string file = "1A;1;2;3\n\n1B;1;2;3\n";
   Put("Locations.dat", file);
   LoadLocations(tables);
+  Row(1).OnMap = "0";
+  messages.ExpectQuestion("1 line of Locations.dat is no place that Kestrava can read: 1B;1;2;3", true);
   SaveLocations(tables);
-  EXPECT_EQ(Content("Locations.dat"), "1A;1;2;3\n");
+  EXPECT_EQ(Content("Locations.dat"), "0A;1;2;3\n");
   EXPECT_EQ(Content("Locations.dat.bak"), file);
   EXPECT_EQ(TakeFaults(), std::vector<std::string>{
                               "Left out of Locations.dat, kept in Locations.dat.bak: 1B;1;2;3 - Global SaveLocations"});
+}
+
+TEST_F(Locations, WhatWasNotChangedIsNotWrittenWhereLinesWouldBeLost) {
+  for (const std::string file :
+       {"1A;1;2;3\n\n1B;1;2;3\n", "1A;1;2;3\n1B;west;2;3\n1C;1;2;3\n", ";west;\n", "1;1;2;3\n1B;1;2;3\n"}) {
+    Put("Locations.dat", file);
+    FaultOfLoad();
+    SaveLocations(tables);
+    EXPECT_EQ(Content("Locations.dat"), file);
+    EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
+  }
+  const int before = files.ChangeCount();
+  Put("Locations.dat", Numbered(3));
+  LoadLocations(tables);
+  SaveLocations(tables);
+  EXPECT_EQ(files.ChangeCount(), before + 1) << "a file that is whole is left alone, too";
+}
+
+TEST_F(Locations, ASaveThatWouldLeaveRowsOutSaysSoFirstAndNoLeavesTheFileAsItIs) {
+  const std::string file = "1A;1;2;3\n1B;west;2;3\n1C;1;2;3\n";
+  Put("Locations.dat", file);
+  EXPECT_EQ(FaultOfLoad(), "Type mismatch");
+  tables.LocationList[2] = {"New", "2", "1", 3, "1"};
+  messages.ExpectQuestion(
+      "2 lines of Locations.dat are no places that Kestrava can read: 1B;west;2;3, 1C;1;2;3\n\nIf your change is "
+      "stored, they are left out of the file; the file as it stands is kept as Locations.dat.bak. Store it?",
+      false);
+  EXPECT_THROW(SaveLocations(tables), LeftAsItIs);
+  EXPECT_EQ(Content("Locations.dat"), file);
+  EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
 }
 
 TEST_F(Locations, OneThatTheUserTookOutIsNotKeptAside) {
@@ -115,8 +147,11 @@ TEST_F(Locations, ALineWithoutANameEndsTheListForEveryReaderAndIsKeptAside) {
   LoadLocations(tables);
   EXPECT_EQ(Row(1).Name, "");
   EXPECT_EQ(Row(2).Name, "B");
+  tables.LocationList[1] = {"New", "2", "1", 3, "1"};
+  tables.LocationList[2] = {};
+  messages.ExpectQuestion("2 lines of Locations.dat are no places", true);
   SaveLocations(tables);
-  EXPECT_EQ(Content("Locations.dat"), "");
+  EXPECT_EQ(Content("Locations.dat"), "1New;1;2;3\n");
   EXPECT_EQ(Content("Locations.dat.bak"), file);
   EXPECT_EQ(TakeFaults().size(), 1U);
 }
@@ -133,8 +168,10 @@ TEST_F(Locations, WhatABrokenLoadDidNotReachIsKeptAsideAtTheSave) {
   const std::string file = "1A;1;2;3\n1B;west;2;3\n1C;1;2;3\n";
   Put("Locations.dat", file);
   EXPECT_EQ(FaultOfLoad(), "Type mismatch");
+  Row(1).OnMap = "0";
+  messages.ExpectQuestion("2 lines of Locations.dat", true);
   SaveLocations(tables);
-  EXPECT_EQ(Content("Locations.dat"), "1A;1;2;3\n");
+  EXPECT_EQ(Content("Locations.dat"), "0A;1;2;3\n");
   EXPECT_EQ(Content("Locations.dat.bak"), file);
   const std::vector<std::string> faults = TakeFaults();
   ASSERT_EQ(faults.size(), 1U);
@@ -164,8 +201,10 @@ TEST_F(Locations, PastRowAHundredTheLoadBreaksOff) {
   Put("Locations.dat", Numbered(101));
   EXPECT_EQ(FaultOfLoad(), "Subscript out of range");
   EXPECT_EQ(Row(100).Name, "P100");
+  Row(100).OnMap = "1";
+  messages.ExpectQuestion("1 line of Locations.dat is no place", true);
   SaveLocations(tables);
-  EXPECT_EQ(Content("Locations.dat"), Numbered(100));
+  EXPECT_EQ(Content("Locations.dat"), Numbered(99) + "1P100;1.5;51.25;30\n");
   EXPECT_EQ(Content("Locations.dat.bak"), Numbered(101));
   EXPECT_EQ(TakeFaults(),
             std::vector<std::string>{"Left out of Locations.dat, kept in Locations.dat.bak: 0P101;1.5;51.25;30 - "
@@ -203,10 +242,10 @@ TEST_F(Locations, ALatin1FileIsWrittenBackAsLatin1) {
 TEST_F(Locations, ABrokenDeviceLeavesTheOldFileWhole) {
   const std::string file = "1A;1;2;3\n0B;1;2;3\n";
   Put("Locations.dat", file);
-  LoadLocations(tables);
-  tables.LocationList[2].Name = "Changed";
   for (std::size_t bytes = 0; bytes <= file.size() + 10; ++bytes) {
     Put("Locations.dat", file);
+    LoadLocations(tables);
+    tables.LocationList[2].Name = "Changed";
     files.BreakWriteAfter(bytes);
     bool whole = true;
     try {

@@ -4,6 +4,7 @@
 
 #include "orbit/Tables.h"
 #include "platform/FaultLog.h"
+#include "platform/SharedFiles.h"
 #include "platform/TextFile.h"
 
 namespace kestrava::testing {
@@ -33,6 +34,7 @@ ScriptedHouse::ScriptedHouse() : earlierAppDir_(std::exchange(platform::AppDir, 
   platform::FlushHeldFaults();  // an earlier test's: into a folder that is not there yet
   files.MakeFolder("/house");
   platform::ForgetToldFaults();
+  platform::ForgetSharedFiles();
   platform::ObserveFaults([this](std::string_view message, std::string_view trapName) {
     faults_.push_back(std::string(message) + " - " + std::string(trapName));
   });

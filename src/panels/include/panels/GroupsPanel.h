@@ -60,7 +60,7 @@ class GroupsPanel {
       : tables_(tables), engine_(std::move(engine)), view_(view), letter_(std::move(letter)) {}
 
   void Load();
-  /// The window's end, whoever ends it: writes both files.
+  /// The window's end, whoever ends it: writes both files, or says why it could not.
   void Unload();
   /// The user asks to close. Where the station could not go on with these groups he is told so, and may stay.
   /// @return false to stay
@@ -106,7 +106,6 @@ class GroupsPanel {
   bool userTicks_ = false;
   bool ticksMany_ = false;
   bool open_ = true;
-  bool saved_ = true;           ///< both files, at the end
   std::uint64_t listings_ = 0;  ///< grows with every listing: an earlier one that still reads ends
 };
 

@@ -3,8 +3,8 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <memory>
-#include <optional>
 #include <set>
 #include <string>
 #include <string_view>
@@ -68,11 +68,13 @@ class Launcher {
   FatalReport DescribeFault(const platform::Fault& fault) const;
 
   /// The load drops favourites that the engine does not know. Where the run ends because an element file is missing,
-  /// they are only unknown until it is back: faves.dat becomes again what it was at the start.
+  /// they are only unknown until it is back: faves.dat and the file beside it become again what they were at the
+  /// start.
   void BringFavouritesBack();
 
  private:
   void RememberFavourites();
+  void TellNews();
   void MakeSpeech();
   void FollowSpeech();
   void FindAppDir();
@@ -97,9 +99,10 @@ class Launcher {
   platform::SpeechEngine* earlierSpeech_ = nullptr;
   bool speechComesUp_ = false;
   std::string customTarget_;
-  std::set<std::string> toldPlaces_;         ///< complaints about the stored place
-  std::optional<std::string> favesAtStart_;  ///< all bytes of faves.dat before the load
-  FatalReport atWork_;                       ///< what the activation is about at this moment, for a fault
+  std::set<std::string> toldPlaces_;            ///< complaints about the stored place
+  std::map<std::string, std::string> atStart_;  ///< all bytes of the favourites' files before the load
+  bool newsTold_ = false;
+  FatalReport atWork_;  ///< what the activation is about at this moment, for a fault
 };
 
 }  // namespace kestrava::shell

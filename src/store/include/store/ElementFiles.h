@@ -18,6 +18,15 @@ std::string ElementFileOf(const orbit::GroupRec& group);
 /// @param file  relative to AppDir. @throws platform::Fault "File not found", ...
 bool HoldsSets(std::string_view file);
 
+/// Whether the engine finds a set in a file: a line alone that looks like one is not enough.
+/// @param file  relative to AppDir. @throws platform::Fault "File not found", ...
+bool HoldsUsableSet(std::string_view file);
+
+/// What is wrong with an element file, as it is said behind its name: "is not there", "cannot be read (...)", "holds no
+/// elements", "holds 3 damaged sets". Empty where nothing is.
+/// @param file  relative to AppDir
+std::string TroubleWith(std::string_view file);
+
 /// How many lines stand in front of the first set: a reader that drops lines 0 up to the result, inclusive, stands in
 /// front of its name line.
 /// @param file  relative to AppDir

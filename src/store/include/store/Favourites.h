@@ -17,13 +17,16 @@ namespace kestrava::store {
 ///   without regard to case, so that a line of a single letter passes
 /// @throws platform::Fault "File not found"; "Subscript out of range" past row 500, with the count and the file as they
 ///   were
-/// @note lines that drop out are kept: the old file stays as faves.dat.bak and error.log names them
+/// @note lines that drop out are kept: the old file stays as faves.dat.bak, error.log names them, and a file beside it
+///   remembers their places (store/WaitingFavourites.h). From there they come back as soon as the engine knows them
 void LoadFaves(orbit::Tables& tables, std::string_view satelliteNames);
 void LoadFaves(orbit::Tables& tables, const orbit::OrbitEngine& engine);
 
-/// Writes the names of rows 1 to 499, each cut to 15 characters; row 500 is never written. The table keeps its gaps,
-/// so that the count can then be below the highest row in use.
-/// @throws platform::Fault; the old file is then whole
+/// Writes the names of rows 1 to 499, each cut to 15 characters, and between them what other copies have added
+/// meanwhile; what they took out stays out. Row 500 is never written: it is remembered with those that wait. The table
+/// keeps its gaps, so that the count can then be below the highest row in use. A table that could not be read whole is
+/// never written over its file.
+/// @throws platform::Fault, also for such a table that was changed since; the old file is then whole
 void SaveFaves(orbit::Tables& tables);
 
 }  // namespace kestrava::store

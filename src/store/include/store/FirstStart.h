@@ -43,7 +43,8 @@ bool PrepareFirstStart(const std::filesystem::path& shipped, const std::filesyst
 /// True if a file of that name is shipped (a plain name, without regard to case).
 bool IsShipped(const std::filesystem::path& shipped, std::string_view fileName);
 
-/// Puts one shipped file into AppDir, if none of that name is there.
+/// Puts one shipped file into AppDir, if none of that name is there that can be used: a damaged one, or a folder of
+/// that name, is moved aside first (NAME.damaged).
 /// @return false if it is not shipped. @throws platform::Fault if it could not be written
 bool PutBack(const std::filesystem::path& shipped, std::string_view fileName);
 

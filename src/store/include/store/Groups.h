@@ -11,9 +11,10 @@ namespace kestrava::store {
 /// @throws platform::Fault "File not found"; "Subscript out of range" past row 40, with the count as it was
 void LoadGroups(orbit::Tables& tables);
 
-/// Writes the rows that have a name. Where the file holds lines that the reader would not have taken, it is kept as
-/// groups.dat.bak first and error.log names what was left out.
-/// @throws platform::Fault; the old file is then whole
+/// Writes the rows that have a name, and between them what other copies have added meanwhile; what they took out stays
+/// out. Where the file holds lines behind a blank one, it is kept as groups.dat.bak first and error.log names what was
+/// left out. A table that could not be read whole is never written over its file.
+/// @throws platform::Fault, also for such a table that was changed since; the old file is then whole
 void SaveGroups(const orbit::Tables& tables);
 
 }  // namespace kestrava::store

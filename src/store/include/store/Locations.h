@@ -3,8 +3,15 @@
 #pragma once
 
 #include "orbit/Tables.h"
+#include "platform/Fault.h"
 
 namespace kestrava::store {
+
+/// A save that the user did not want when he was told what it would leave out.
+class LeftAsItIs : public platform::Fault {
+ public:
+  LeftAsItIs() : Fault(75, "Locations.dat was left as it is") {}
+};
 
 /// Reads Locations.dat up to its first blank line. A file written on a machine with the other decimal sign is read too.
 /// Rows behind the last one are cleared up to row 99 only.
@@ -13,9 +20,11 @@ namespace kestrava::store {
 ///   bits, "Subscript out of range" past row 100; the rows read so far stay
 void LoadLocations(orbit::Tables& tables);
 
-/// Writes rows 1 to 100 up to the first without a name. Where the file holds lines that the reader would not have
-/// taken, it is kept as Locations.dat.bak first and error.log names what was left out.
-/// @throws platform::Fault; the old file is then whole
+/// Writes rows 1 to 100 up to the first without a name, and between them what other copies have added meanwhile; what
+/// they took out stays out. Where the file holds lines that the reader does not take, a table that was not changed is
+/// not written, and before one that was is written the user is asked; the file is then kept as Locations.dat.bak and
+/// error.log names what was left out.
+/// @throws LeftAsItIs if he says No; platform::Fault; the old file is then whole
 void SaveLocations(const orbit::Tables& tables);
 
 }  // namespace kestrava::store
