@@ -93,7 +93,7 @@ std::string NameOfRow(std::string_view row) {
 std::string WhyUnread(const platform::Fault& fault) {
   const Lines unread = ReadLines(LinesOnDisk(kFile)).unread;
   if (unread.empty() || fault.Number() == platform::Fault::SubscriptOutOfRange().Number()) return fault.what();
-  return std::string(fault.what()) + " in the line \"" + platform::Left(platform::Trim(unread.front()), 80) + "\"";
+  return "\"" + platform::Left(platform::Trim(unread.front()), 80) + "\" is no place (" + fault.what() + ")";
 }
 
 /// @throws LeftAsItIs where the user wants it so

@@ -9,6 +9,7 @@
 #include "store/WaitingFavourites.h"
 
 #include "OnDisk.h"
+#include "support/KilledWork.h"
 
 namespace kestrava::store {
 namespace {
@@ -221,6 +222,23 @@ TEST_F(LostFavourites, APageOfAnotherProgramIsKeptAndNotTakenForNames) {
 TEST_F(LostFavourites, LinesOfTheFileBesideThatAreNoneOfOursArePassedOver) {
   Write("faves.waiting", "# mine\n3\n;;\n2;1;NOAA 99\nx;0;y\n\n900;0;LAST\n1;0;\n");
   EXPECT_EQ(Waiting(), (Texts{"1 y", "2 NOAA 99", "900 LAST"}));
+}
+
+TEST_F(LostFavourites, AKillAtAnyMomentOfALossyStartLosesNone) {
+  for (int call = 1;; ++call) {
+    SCOPED_TRACE("killed at call " + std::to_string(call));
+    for (const std::string& name : Names()) std::filesystem::remove(platform::InAppDir(name));
+    Write("faves.dat", Lines(kTwelve));
+    const testing::WorkEnd end = testing::RunKilledAt(call, [&] { LoadFaves(tables, Known(kWithoutWeather)); });
+    if (end == testing::WorkEnd::kRefused) GTEST_SKIP() << "this machine lets nobody trace a process";
+    platform::RemoveUnfinished(platform::AppDir);
+    EXPECT_EQ(Start(kTwelve), kTwelve);
+    EXPECT_EQ(Read("faves.dat"), Lines(kTwelve));
+    if (end == testing::WorkEnd::kDone) {
+      EXPECT_GT(call, 10);
+      return;
+    }
+  }
 }
 
 TEST_F(LostFavourites, AreToldOnce) {
