@@ -5,6 +5,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Files.h"
+#include "platform/Quote.h"
 #include "store/Backups.h"
 #include "store/ElementFiles.h"
 
@@ -56,7 +57,7 @@ FirstGroupCheck BadGroups() {
 
 /// The first group's file, of which nothing can be used.
 FirstGroupCheck BadFile(const std::string& file) {
-  const std::string path = platform::InAppDir(file).string();
+  const std::string shown = platform::QuoteOf(file), path = platform::AppDir + shown;
   FirstGroupCheck check;
   check.report.missingFile = file;
   check.report.remedy = Remedy("Put the file back, or name another group first in groups.dat");
@@ -65,7 +66,7 @@ FirstGroupCheck BadFile(const std::string& file) {
                        !platform::TheFiles().FolderExists(platform::InAppDir(file));
   check.report.subject =
       "The element file of the first group " + (missing ? "cannot be found" : store::TroubleWith(file)) + ": " + path;
-  if (!missing) check.report.subject += "\nWhere it is replaced, what is there now is kept as " + file + ".damaged.";
+  if (!missing) check.report.subject += "\nWhere it is replaced, what is there now is kept as " + shown + ".damaged.";
   if (!check.fault) check.fault = InvalidFormat();
   return check;
 }
@@ -83,7 +84,7 @@ bool IsUsable(const std::string& file) {
 FirstGroupCheck CheckFirstGroup(const orbit::Tables& tables) {
   const std::string file = platform::FileNameOfAddress(tables.GroupList[1].Address);
   if (IsUsable(file)) {
-    return {{"", "The element file of the first group cannot be found: " + platform::InAppDir(file).string(),
+    return {{"", "The element file of the first group cannot be found: " + platform::AppDir + platform::QuoteOf(file),
              Remedy("Put the file back, or name another group first in groups.dat"), file},
             std::nullopt};
   }
