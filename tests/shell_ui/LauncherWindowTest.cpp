@@ -27,6 +27,11 @@ TEST_F(LauncherWindowTests, ShowsWhatTheLoadAndTheActivationSay) {
   EXPECT_EQ(LabelText(launcher, "lblClock"), "Local Time");
 }
 
+TEST_F(LauncherWindowTests, SaysOfTheSunsTimesThatTheyAreWithoutRefraction) {
+  LauncherWindow& launcher = Open();
+  EXPECT_TRUE(launcher.findChild<QLabel*>("lblSunrise")->toolTip().contains("without refraction"));
+}
+
 TEST_F(LauncherWindowTests, StartsWithTextsThatAskForPatience) {
   const auto engine = std::make_unique<orbit::OrbitEngine>();
   windows->IsVisible("frmLAUNCHER");  // made, not shown

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QCoreApplication>
+#include <QLabel>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPointer>
@@ -171,6 +172,17 @@ TEST_F(MapControls, TimeWarpRunsItsClockByTheSliderAndRealtimeEndsIt) {
   Click(Child<QWidget>(map, "BUTtime(0)"));
   EXPECT_EQ(led.Text(), "18:20:04");
   EXPECT_EQ(Child<SkinButton>(map, "BUTtime(0)").BackColour(), 0xFFFFC0u);
+}
+
+TEST_F(MapControls, AnInfoLineThatNeedsItIsExplainedBehindItsText) {
+  QWidget& map = Open();
+  Run(2);
+  const auto& norad = Child<QLabel>(map, "RemoteStat(10)");
+  EXPECT_TRUE(norad.toolTip().startsWith(norad.text())) << norad.toolTip().toStdString();
+  EXPECT_TRUE(norad.toolTip().contains("day of the year in Universal Time")) << norad.toolTip().toStdString();
+  EXPECT_TRUE(Child<QLabel>(map, "RemoteStat(17)").toolTip().contains("0 to 255"));
+  const auto& latitude = Child<QLabel>(map, "RemoteStat(1)");
+  EXPECT_EQ(latitude.toolTip(), latitude.text());
 }
 
 TEST_F(MapControls, TheSliderGoesFromOneToSixtyByKeys) {

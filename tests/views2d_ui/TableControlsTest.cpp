@@ -233,6 +233,17 @@ TEST_F(TableControls, TheSelectedRowsAreCopiedInTheOrderInWhichTheyAreSeen) {
   }
 }
 
+TEST_F(TableControls, AHeadSaysInASentenceWhatItsNumbersAre) {
+  QWidget& table = OpenTable();
+  const auto tip = [&](int column) {
+    return List(table).model()->headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
+  };
+  EXPECT_TRUE(tip(kLon).contains("counted to the west from 0 to 360")) << tip(kLon).toStdString();
+  EXPECT_TRUE(tip(kDirection).contains("no number")) << tip(kDirection).toStdString();
+  EXPECT_TRUE(tip(kEl).contains("without refraction")) << tip(kEl).toStdString();
+  for (int column = kName; column <= kDirection; ++column) EXPECT_TRUE(tip(column).contains("sorts by this column"));
+}
+
 TEST_F(TableControls, AllRowsAreCopiedWithTheirHeads) {
   QWidget& table = OpenTable();
   Run(1);

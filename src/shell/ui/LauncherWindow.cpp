@@ -127,7 +127,11 @@ void LauncherWindow::BuildFoot(QVBoxLayout& column) {
   column.addWidget(MakeLabel(LauncherLabel::kKepAge, 3));
   column.addWidget(MakeDemonstrationLine());
   column.addSpacing(kGapPixels);
-  column.addWidget(MakeLabel(LauncherLabel::kSunrise, 2));
+  QLabel* sunrise = MakeLabel(LauncherLabel::kSunrise, 2);
+  sunrise->setToolTip(
+      tr("When the Sun's centre crosses the horizon, to the minute and without refraction.\nAlmanacs "
+         "have its rise some minutes earlier and its set some minutes later."));
+  column.addWidget(sunrise);
   column.addWidget(MakeLabel(LauncherLabel::kSunshine, 1));
   column.addStretch(1);
   column.addWidget(MakeLabel(LauncherLabel::kClock, 1));

@@ -22,6 +22,25 @@ constexpr int kSliderHeight = 17;
 constexpr int kEtaDotColumn = 8;
 constexpr int kEtaTimeMargin = 10;
 
+/// What an info line does not say by itself; empty where it does.
+const char* SenseOf(int index) {
+  switch (index) {
+    case 7:
+      return "AOS: the local time at which it rises over the horizon.";
+    case 8:
+      return "Mean anomaly: how far it has come in its orbit since its lowest point, of 360 degrees.";
+    case 9:
+      return "How many times it has gone round the Earth since its launch, as its elements count.";
+    case 10:
+      return "The day of the year in Universal Time with its fraction, as element sets count it: 1.5 is noon of 1 "
+             "January.\nIn time warp only its hour and minute are those of the warp clock.";
+    case 17:
+      return "The same as MA on a scale of 0 to 255.";
+    default:
+      return "";
+  }
+}
+
 /// The pane's small face: narrow, so that the longest line fits.
 QFont PaneFont(bool bold = false) {
   return platform::qt::FontByName("Small fonts", 8, bold);
@@ -136,6 +155,12 @@ void InfoPane::AddPair(std::array<SkinButton*, 2>& pair, const char* name, const
     pair[static_cast<std::size_t>(i)] = button;
   }
   nextTop_ += kButtonHeight;
+}
+
+void InfoPane::ShowLine(int index, const QString& text) {
+  const QString sense = tr(SenseOf(index));
+  RemoteStat(index).setText(text);
+  RemoteStat(index).setToolTip(sense.isEmpty() ? text : text + '\n' + sense);
 }
 
 void InfoPane::SetTextHeight(int px) {

@@ -19,6 +19,8 @@ class InfoPane : public QWidget {
   explicit InfoPane(QWidget* parent);
 
   void SetTextHeight(int px);
+  /// Shows an info line; its tooltip has it whole, with what a number means that does not say it itself.
+  void ShowLine(int index, const QString& text);
   QLabel& RemoteStat(int index) { return *remoteStat_[static_cast<std::size_t>(index)]; }
   platform::qt::SkinButton& TimeButton(int index) { return *time_[static_cast<std::size_t>(index)]; }
   platform::qt::SkinButton& InfoModeButton(int index) { return *infoMode_[static_cast<std::size_t>(index)]; }

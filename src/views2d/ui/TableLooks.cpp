@@ -61,7 +61,6 @@ TableHeads::TableHeads(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
   setSortIndicatorClearable(true);  // a third click: the order of the favourites again
   setSortIndicator(-1, Qt::AscendingOrder);
   setAccessibleName(tr("Heads of the columns"));
-  setToolTip(tr("A click sorts by this column, a third one brings the order of the favourites back"));
 }
 
 QString TableHeads::Caption(int column) const {

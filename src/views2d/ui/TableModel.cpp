@@ -11,6 +11,8 @@ namespace kestrava::views2d::ui {
 
 namespace {
 
+constexpr const char* kSortHint = "A click sorts by this column, a third one brings the order of the favourites back.";
+
 const TableColumn& ColumnAt(int column) {
   return kTableColumns[static_cast<std::size_t>(column)];
 }
@@ -77,6 +79,7 @@ QVariant TableModel::headerData(int section, Qt::Orientation orientation, int ro
   if (orientation != Qt::Horizontal || section < 0 || section >= kTableColumnCount) return {};
   if (role == Qt::DisplayRole) return platform::qt::ToQt(ColumnAt(section).caption);
   if (role == Qt::TextAlignmentRole) return AlignmentOf(section);
+  if (role == Qt::ToolTipRole) return platform::qt::ToQt(ColumnAt(section).sense) + '\n' + QString(kSortHint);
   return {};
 }
 

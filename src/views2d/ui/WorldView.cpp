@@ -119,9 +119,7 @@ void WorldView::OnUnload() {
 void WorldView::ShowInfoLines() {
   for (int i = 0; i < kRemoteStatCount; ++i) {
     if (!changedLines_.test(static_cast<std::size_t>(i))) continue;
-    const QString text = platform::qt::ToQt(behaviour_->State().RemoteStat[static_cast<std::size_t>(i)]);
-    pane_->RemoteStat(i).setText(text);
-    pane_->RemoteStat(i).setToolTip(text);
+    pane_->ShowLine(i, platform::qt::ToQt(behaviour_->State().RemoteStat[static_cast<std::size_t>(i)]));
   }
   changedLines_.reset();
   if (warpTime_) ledClock_->SetValue(*warpTime_);
