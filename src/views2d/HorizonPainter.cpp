@@ -7,6 +7,7 @@
 #include "platform/Fault.h"
 #include "platform/Format.h"
 #include "views2d/MapState.h"
+#include "views2d/Twilight.h"
 
 #include "Sprites.h"
 
@@ -28,7 +29,6 @@ constexpr int kLastLabelWidthPx = 40;
 constexpr int kLastLineRisePx = 15;
 
 constexpr double kCivilTwilightDeg = -6;
-constexpr double kNightDeg = -18;
 constexpr double kMoonUpDeg = 1;
 
 constexpr int kTrackStartS = 10;

@@ -13,21 +13,13 @@
 namespace kestrava::tools {
 namespace {
 
-constexpr float kMoonDeg = 128;  // where the light comes from; the program draws the Moon itself
+constexpr float kMoonDeg = 128;  // the side from which the clouds' edges are lit; elsewhere its light is even
 constexpr MilkyWay kWay{300, 48, 0.22F};
 const QColor kBlack(6, 9, 15);
 
 void PaintMoonlitSky(Canvas& canvas) {
-  const Air air{Ramp({{0, 0x26344C}, {8, 0x203048}, {20, 0x182640}, {40, 0x101C34}, {65, 0x0A1326}, {90, 0x060C1A}}),
-                Ramp({{0, 0x48586E},
-                      {6, 0x425369},
-                      {14, 0x36485F},
-                      {28, 0x263850},
-                      {46, 0x18273E},
-                      {68, 0x0E182C},
-                      {90, 0x060C1A}}),
-                kMoonDeg, 1.4F};
-  PaintAir(canvas, air);
+  PaintAir(canvas,
+           Ramp({{0, 0x37465D}, {8, 0x2F4058}, {18, 0x22324B}, {34, 0x172640}, {65, 0x0A1326}, {90, 0x060C1A}}));
   PaintMilkyWay(canvas, kWay);
   PaintStars(canvas, kWay, 2600, 77);
   PaintSheet(canvas, {0.33F, 1.5F, kMoonDeg, FromHex(0x1D2A3E), FromHex(0x67788C), 0.9F, 51});
@@ -36,21 +28,20 @@ void PaintMoonlitSky(Canvas& canvas) {
 // Snow holds on the upper slopes; mist lies in the valley before the mountains.
 void PaintMountains(Canvas& canvas) {
   PaintGround(canvas, Ridge(canvas, {2.4F, 7.7F, 6, 8, 0.9F, 0, 511}), [](float azimuth, float elevation, float depth) {
-    const float near = 0.45F + 0.55F * Towards(azimuth, kMoonDeg, 1);
     const float slope = SlopeLight(azimuth, depth, 61);
     const float snow = Smooth(3.2F, 5.0F, elevation + 1.2F * slope);
     const Rgb rock = Mix(FromHex(0x1B2637), FromHex(0x35455A), slope);
     const Rgb white = Mix(FromHex(0x2C3C52), FromHex(0x75869A), slope);
-    const Rgb mist = Mix(FromHex(0x2C3A4E), FromHex(0x50627A), near);
-    return Mix(Mix(rock, white, snow * near), mist, 0.75F * (1 - Smooth(1.2F, 4.2F, elevation)));
+    const Rgb mist = Mix(FromHex(0x2C3A4E), FromHex(0x50627A), 0.72F);
+    return Mix(Mix(rock, white, 0.72F * snow), mist, 0.75F * (1 - Smooth(1.2F, 4.2F, elevation)));
   });
-  PaintGround(canvas, Ridge(canvas, {1.3F, 4.2F, 8, 6, 0.3F, 0.14F, 502}), [](float azimuth, float elevation, float) {
-    const Rgb mist = Mix(FromHex(0x263448), FromHex(0x44566C), Towards(azimuth, kMoonDeg, 1));
+  PaintGround(canvas, Ridge(canvas, {1.3F, 4.2F, 8, 6, 0.3F, 0.14F, 502}), [](float, float elevation, float) {
+    const Rgb mist = Mix(FromHex(0x263448), FromHex(0x44566C), 0.5F);
     return Mix(FromHex(0x121B29), mist, 0.85F * (1 - Smooth(0.8F, 2.9F, elevation)));
   });
 }
 
-// A lake in the foreground holds the light of the sky, brightest under the Moon.
+// A lake in the foreground holds the light of the sky.
 void PaintLake(Canvas& canvas) {
   const float shoreDeg = 1.05F;
   for (int y = static_cast<int>(canvas.RowOf(shoreDeg)); y < canvas.Height(); ++y) {
@@ -58,10 +49,8 @@ void PaintLake(Canvas& canvas) {
     for (int x = 0; x < canvas.Width(); ++x) {
       const Vec3 d = Direction(canvas.AzimuthDeg(static_cast<float>(x)), 0);
       const float ripple = Layered({d.x * 26, d.y * 26, elevation * 9}, 4, 71);
-      const float gleam = Towards(canvas.AzimuthDeg(static_cast<float>(x)), kMoonDeg, 26);
       const float calm = 0.30F + 0.45F * Smooth(-0.3F, 0.5F, ripple);
-      const Rgb water = Mix(FromHex(0x121C2B), FromHex(0x46586E), calm * (0.35F + 0.65F * gleam));
-      canvas.At(x, y) = water + FromHex(0x556270) * (0.9F * gleam * Smooth(0.15F, 0.55F, ripple));
+      canvas.At(x, y) = Mix(FromHex(0x121C2B), FromHex(0x46586E), calm * 0.5F);
     }
   }
 }

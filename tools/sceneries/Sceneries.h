@@ -4,8 +4,8 @@
 
 namespace kestrava::tools {
 
-QImage DuskScenery();     ///< the last light in the west, hills, a village, a station's mast
+QImage VillageScenery();  ///< hills, a village, a station's mast
 QImage MoonlitScenery();  ///< mountains and broken clouds in the light of a Moon outside the picture
-QImage SeaScenery();      ///< a bay with a lighthouse after sunset
+QImage SeaScenery();      ///< a bay with a lighthouse
 
 }  // namespace kestrava::tools

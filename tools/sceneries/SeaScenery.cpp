@@ -13,28 +13,17 @@
 namespace kestrava::tools {
 namespace {
 
-constexpr float kLightDeg = 236;
 constexpr MilkyWay kWay{62, 50, 0.36F};
 constexpr float kSeaDeg = 2.6F;  // the picture's bottom is the horizon of what is drawn over it: the sea lies in front
 const QColor kBlack(5, 9, 14);
 
 void PaintSeaSky(Canvas& canvas) {
-  const Air air{Ramp({{0, 0x20384E}, {7, 0x1C344E}, {16, 0x162C48}, {32, 0x0F213C}, {55, 0x09162C}, {90, 0x050C1C}}),
-                Ramp({{0, 0x8A5848},
-                      {4, 0x80584E},
-                      {8, 0x665858},
-                      {13, 0x4A5868},
-                      {21, 0x305070},
-                      {32, 0x1E3C60},
-                      {48, 0x122846},
-                      {68, 0x0A182E},
-                      {90, 0x050C1C}}),
-                kLightDeg, 3.0F};
-  PaintAir(canvas, air);
+  PaintAir(canvas,
+           Ramp({{0, 0x20384E}, {7, 0x1C344E}, {16, 0x162C48}, {32, 0x0F213C}, {55, 0x09162C}, {90, 0x050C1C}}));
   PaintMilkyWay(canvas, kWay);
   PaintStars(canvas, kWay, 4600, 1492);
-  PaintStreaks(canvas, {7.5F, 3.0F, 0.72F, kLightDeg, FromHex(0x363848), FromHex(0x152638), FromHex(0x84584E), 91});
-  PaintStreaks(canvas, {17, 3.5F, 0.40F, kLightDeg, FromHex(0x2C3E54), FromHex(0x142840), FromHex(0x6E6068), 92});
+  PaintStreaks(canvas, {7.5F, 3.0F, 0.72F, FromHex(0x152638), 91});
+  PaintStreaks(canvas, {17, 3.5F, 0.40F, FromHex(0x142840), 92});
 }
 
 // Swell drawn together by distance: fine under the sea's horizon, broad at the viewer's feet.
@@ -47,13 +36,9 @@ void PaintSea(Canvas& canvas) {
       const float azimuth = canvas.AzimuthDeg(static_cast<float>(x));
       const Vec3 d = Direction(azimuth, 0);
       const float swell = Layered({d.x * 16 * fine, d.y * 16 * fine, 14 * std::log(0.16F + below)}, 4, 95);
-      const float wide = Towards(azimuth, kLightDeg, 4);
-      const float path = Towards(azimuth, kLightDeg, 30 + 90 * (1 - below));
       const Rgb water = Mix(FromHex(0x14293C), FromHex(0x0A1624), below);
-      const Rgb glow = Mix(FromHex(0x5C4A4C), FromHex(0x2A3444), below);
       const float crest = Smooth(-0.15F, 0.45F, swell) * Smooth(0.02F, 0.14F, below);  // too far off to be seen
-      canvas.At(x, y) = Mix(water, glow, wide * (0.35F + 0.5F * crest)) + FromHex(0x1A2A38) * (0.35F * crest) +
-                        FromHex(0x7A4A34) * (0.75F * path * crest * Smooth(0.05F, 0.40F, swell));
+      canvas.At(x, y) = water + FromHex(0x1A2A38) * (0.35F * crest);
     }
   }
 }
@@ -72,12 +57,12 @@ std::vector<float> Headland(const Canvas& canvas, const RidgeForm& form, float f
 }
 
 // Land stands on the water: below its foot the sea goes on.
-void PaintIsland(Canvas& canvas, const std::vector<float>& ridge, unsigned away, unsigned light) {
+void PaintIsland(Canvas& canvas, const std::vector<float>& ridge, unsigned colour) {
   const Canvas sea = canvas;
   PaintGround(canvas, ridge, [&](float azimuth, float elevation, float) {
     const int x = std::clamp(static_cast<int>(canvas.ColumnOf(azimuth)), 0, canvas.Width() - 1);
     const int y = std::clamp(static_cast<int>(canvas.RowOf(elevation)), 0, canvas.Height() - 1);
-    const Rgb rock = Mix(FromHex(away), FromHex(light), Towards(azimuth, kLightDeg, 3));
+    const Rgb rock = FromHex(colour);
     const float wet = Smooth(0, 0.5F, kSeaDeg - 0.2F - elevation);  // and mirrors the land close by
     const float mirrored = 0.55F * (1 - Smooth(0.2F, 1.2F, kSeaDeg - elevation));
     return Mix(rock, Mix(sea.At(x, y), rock, mirrored), wet);
@@ -136,9 +121,9 @@ QImage SeaScenery() {
   Canvas canvas(3200, 1360);
   PaintSeaSky(canvas);
   PaintSea(canvas);
-  PaintIsland(canvas, Headland(canvas, {3.0F, 5.4F, 9, 7, 0.4F, 0, 601}, 262, 352, 34), 0x172A3C, 0x453E48);
+  PaintIsland(canvas, Headland(canvas, {3.0F, 5.4F, 9, 7, 0.4F, 0, 601}, 262, 352, 34), 0x172A3C);
   const std::vector<float> cape = Headland(canvas, {3.0F, 4.4F, 9, 7, 0.2F, 0.06F, 604}, 112, 214, 14);
-  PaintIsland(canvas, cape, 0x0C1824, 0x161D28);
+  PaintIsland(canvas, cape, 0x0C1824);
   const Standing dunes(canvas, {-0.8F, 1.9F, 4, 5, 0, 0, 603});
   DrawOver(canvas, [&](QPainter& painter) {
     Chance chance(605);

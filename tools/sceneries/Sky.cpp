@@ -61,14 +61,8 @@ Vec3 Direction(float azimuthDeg, float elevationDeg) {
   return {across * std::cos(azimuthDeg * kDeg), across * std::sin(azimuthDeg * kDeg), std::sin(elevationDeg * kDeg)};
 }
 
-float Towards(float azimuthDeg, float lightDeg, float narrow) {
-  return std::pow(0.5F + 0.5F * std::cos((azimuthDeg - lightDeg) * kDeg), narrow);
-}
-
-void PaintAir(Canvas& canvas, const Air& air) {
-  ForEachPixel(canvas, [&](float azimuth, float elevation, const Rgb&) {
-    return Mix(air.away.At(elevation), air.light.At(elevation), Towards(azimuth, air.lightDeg, air.narrow));
-  });
+void PaintAir(Canvas& canvas, const Ramp& air) {
+  ForEachPixel(canvas, [&](float, float elevation, const Rgb&) { return air.At(elevation); });
 }
 
 void PaintMilkyWay(Canvas& canvas, const MilkyWay& way) {
@@ -121,15 +115,12 @@ void PaintStreaks(Canvas& canvas, const Streaks& streaks) {
     if (std::abs(elevation - streaks.middleDeg) > 3.2F * streaks.reachDeg) return sky;
     const float thick = density(azimuth, elevation);
     if (thick <= 0) return sky;
-    const float near = Towards(azimuth, streaks.lightDeg, 2.2F);
-    const float below = density(azimuth, elevation - 0.55F);
-    const float edge = std::clamp((thick - below) * 2.2F, 0.0F, 1.0F) * near;
-    const Rgb cloud = Mix(streaks.darkAway, streaks.dark, near);
-    return Mix(sky, Mix(cloud, streaks.lit, edge), 0.78F * thick);
+    return Mix(sky, streaks.colour, 0.78F * thick);
   });
 }
 
 void PaintSheet(Canvas& canvas, const Sheet& sheet) {
+  constexpr float kEvenLight = 0.6F;
   // clouds hang on a plane overhead that bends down a little towards the horizon
   const auto density = [&](float px, float py) {
     const float shape = Layered({px * sheet.scale, py * sheet.scale, 0.3F}, 6, sheet.seed);
@@ -147,9 +138,8 @@ void PaintSheet(Canvas& canvas, const Sheet& sheet) {
     const float thick = density(px, py);
     if (thick <= 0) return sky;
     const float ahead = density(px + 0.07F * towardX, py + 0.07F * towardY);
-    const float near = 0.25F + 0.75F * Towards(azimuth, sheet.lightDeg, 1.3F);
     const float thin = thick * (1 - thick) * 4;  // a veil lets the light through, a thick cloud does not
-    const float light = std::clamp(0.22F + 0.40F * thin + 1.5F * (thick - ahead), 0.0F, 1.0F) * near;
+    const float light = std::clamp(0.22F + 0.40F * thin + 1.5F * (thick - ahead), 0.0F, 1.0F) * kEvenLight;
     return Mix(sky, Mix(sheet.shade, sheet.lit, light), std::min(1.0F, 0.85F * thick * fade * sheet.strength));
   });
 }

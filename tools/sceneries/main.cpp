@@ -15,6 +15,7 @@ void SaveJpeg(const QImage& image, const QString& file) {
   QImageWriter writer(file, "jpg");
   writer.setQuality(kQuality);
   writer.setOptimizedWrite(true);
+  writer.setText("Sky", "night");  // the program may light it: a user's own picture stays as it is
   if (!writer.write(image)) qFatal("cannot write %s", qPrintable(file));
 }
 
@@ -25,7 +26,7 @@ int main(int argc, char** argv) {
   if (argc != 2) qFatal("usage: make_sceneries FOLDER");
   const QString folder = QString::fromLocal8Bit(argv[1]) + "/";
   QDir().mkpath(folder);
-  SaveJpeg(kestrava::tools::DuskScenery(), folder + "hdefault.jpg");
+  SaveJpeg(kestrava::tools::VillageScenery(), folder + "hdefault.jpg");
   SaveJpeg(kestrava::tools::MoonlitScenery(), folder + "hmoonlit.jpg");
   SaveJpeg(kestrava::tools::SeaScenery(), folder + "hsea.jpg");
   return 0;

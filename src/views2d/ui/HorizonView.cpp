@@ -5,6 +5,10 @@
 #include <QToolTip>
 #include <QVBoxLayout>
 
+#include "orbit/Angles.h"
+#include "orbit/OrbitEngine.h"
+#include "platform/Doors.h"
+#include "platform/Fault.h"
 #include "platform/Messages.h"
 #include "platform/qt/Fonts.h"
 #include "platform/qt/KeptSize.h"
@@ -52,7 +56,7 @@ constexpr const char* kInfoStyle =
 
 }  // namespace
 
-HorizonView::HorizonView(const orbit::Sky& sky) : StationWindow(kHorizonName) {
+HorizonView::HorizonView(const orbit::Sky& sky) : StationWindow(kHorizonName), sky_(sky) {
   setProperty(platform::qt::kPlaceInSettingsProperty, true);
   setWindowTitle("Kestrava - Panoramic Horizon View");
   behaviour_ = std::make_unique<HorizonWindow>(sky, *this);
@@ -75,7 +79,7 @@ void HorizonView::BuildUi() {
   column->addWidget(bar);
   body_ = Named(new QWidget(this), "body");
   column->addWidget(body_, 1);
-  canvas_ = Named(new ViewCanvas(body_), "Final", tr("Horizon"));
+  canvas_ = Named(new HorizonCanvas(body_), "Final", tr("Horizon"));
   canvas_->Back().SetLineWidth(kLineWidthPx);
   // The widest face in which NORTH still fits into the 40 pixels that it is given at the right edge.
   canvas_->Back().SetFont("Arial", 8, true);
@@ -176,8 +180,20 @@ void HorizonView::ApplyLayout(const HorizonLayout& layout) {
 }
 
 void HorizonView::LoadBackDrop(const std::string& file) {
-  LoadPicture(backDrop_, file);
-  canvas_->SetIdlePicture(backDrop_.Image());
+  scenery_.Load(ReadPicture(file));
+  backDrop_.Load(scenery_.Picture());
+  LightScenery();
+  canvas_->SetIdlePicture(scenery_.Picture());
+}
+
+void HorizonView::LightScenery() {
+  const platform::FaultTrap trap{"Horizon - PaintScreen"};
+  trap([&] {
+    const orbit::LookAngle sun = sky_.engine.LookAngle("sun", platform::TheClock().Read().utc);
+    const SunInView inView{orbit::RadToDeg(sun.azimuthRad), orbit::RadToDeg(sun.elevationRad),
+                           behaviour_->State().CentreNorth};
+    if (scenery_.Light(inView)) backDrop_.Load(scenery_.Picture());
+  });
 }
 
 // A paint may show a message, and with it let events run: what stands on the screen changes only when it is whole.
@@ -186,6 +202,7 @@ void HorizonView::RepaintHorizon() {
   painting_ = true;
   const auto ended = qScopeGuard([this] { painting_ = false; });
   canvas_->FitToWidget();
+  LightScenery();
   painter_->PaintScreen();
   if (behaviour_->IsOpen()) canvas_->Present();
 }

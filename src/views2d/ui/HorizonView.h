@@ -12,8 +12,9 @@
 #include "platform/qt/StationWindow.h"
 #include "views2d/HorizonWindow.h"
 
+#include "HorizonCanvas.h"
+#include "Scenery.h"
 #include "SpritePictures.h"
-#include "ViewCanvas.h"
 
 namespace kestrava::views2d::ui {
 
@@ -42,6 +43,7 @@ class HorizonView : public platform::qt::StationWindow, public HorizonWindowView
   void BuildInformation();
   void ConnectSignals();
   void ShowTip(const QHelpEvent& event);
+  void LightScenery();
 
   // HorizonWindowView
   int InnerWidthPx() const override { return body_->width(); }
@@ -62,14 +64,16 @@ class HorizonView : public platform::qt::StationWindow, public HorizonWindowView
 
   QAction& Marked(HorizonMark mark) const { return *marked_[static_cast<std::size_t>(mark)]; }
 
+  orbit::Sky sky_;
   std::unique_ptr<HorizonWindow> behaviour_;
+  Scenery scenery_;
   platform::qt::ImageSurface backDrop_{kBackDropDesignWidth, kBackDropDesignHeight};
   SpritePictures sprites_;
   std::unique_ptr<HorizonPainter> painter_;
   std::array<QAction*, 3> marked_{};
   bool painting_ = false;
   QWidget* body_ = nullptr;
-  ViewCanvas* canvas_ = nullptr;
+  HorizonCanvas* canvas_ = nullptr;
   platform::qt::SkinButton* expand_ = nullptr;
   QPlainTextEdit* satInfo_ = nullptr;
 };

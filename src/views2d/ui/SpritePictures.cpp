@@ -39,11 +39,15 @@ SpriteSet SpritePictures::Set() const {
   return set;
 }
 
-void LoadPicture(ImageSurface& surface, const std::string& file) {
+QImage ReadPicture(const std::string& file) {
   const std::string bytes = platform::TheFiles().Read(file);
   const QImage picture = QImage::fromData(reinterpret_cast<const uchar*>(bytes.data()), static_cast<int>(bytes.size()));
   if (picture.isNull()) throw platform::Fault::InvalidPicture();
-  surface.Load(picture);
+  return picture;
+}
+
+void LoadPicture(ImageSurface& surface, const std::string& file) {
+  surface.Load(ReadPicture(file));
 }
 
 }  // namespace kestrava::views2d::ui

@@ -24,6 +24,9 @@ class SpritePictures {
   std::array<Picture, kSatSprites> satPic_;
 };
 
+/// Reads a picture file of the user's. @throws platform::Fault "Invalid picture", or that of the reading
+QImage ReadPicture(const std::string& file);
+
 /// Loads a picture file of the user's. @throws platform::Fault "Invalid picture", or that of the reading
 void LoadPicture(platform::qt::ImageSurface& surface, const std::string& file);
 

@@ -12,38 +12,24 @@
 namespace kestrava::tools {
 namespace {
 
-constexpr float kLightDeg = 268;  // the Sun has set in the west
 constexpr MilkyWay kWay{92, 54, 0.38F};
 const QColor kBlack(5, 7, 13);
 
-void PaintDuskSky(Canvas& canvas) {
-  const Air air{Ramp({{0, 0x2B3354}, {6, 0x272F56}, {14, 0x1E2850}, {28, 0x142045}, {50, 0x0C1633}, {90, 0x060C20}}),
-                Ramp({{0, 0x9A5632},
-                      {3.5F, 0x8C5038},
-                      {7, 0x704848},
-                      {11, 0x524562},
-                      {17, 0x384470},
-                      {27, 0x24366A},
-                      {42, 0x142450},
-                      {62, 0x0B1636},
-                      {90, 0x060C20}}),
-                kLightDeg, 2.3F};
-  PaintAir(canvas, air);
+void PaintVillageSky(Canvas& canvas) {
+  PaintAir(canvas,
+           Ramp({{0, 0x2B3354}, {6, 0x272F56}, {14, 0x1E2850}, {28, 0x142045}, {50, 0x0C1633}, {90, 0x060C20}}));
   PaintMilkyWay(canvas, kWay);
   PaintStars(canvas, kWay, 5200, 1966);
-  PaintStreaks(canvas, {11, 4.2F, 0.62F, kLightDeg, FromHex(0x3F3146), FromHex(0x1B2342), FromHex(0x8E5442), 41});
+  PaintStreaks(canvas, {11, 4.2F, 0.62F, FromHex(0x1B2342), 41});
 }
 
 void PaintHills(Canvas& canvas) {
-  const auto hazy = [](unsigned away, unsigned light, float haze) {
-    return [=](float azimuth, float, float depth) {
-      const Rgb ground = Mix(FromHex(away), FromHex(light), Towards(azimuth, kLightDeg, 2.4F));
-      return ground * (1 + haze * std::min(depth, 4.0F));
-    };
+  const auto hazy = [](unsigned colour, float haze) {
+    return [=](float, float, float depth) { return FromHex(colour) * (1 + haze * std::min(depth, 4.0F)); };
   };
-  PaintGround(canvas, Ridge(canvas, {2.6F, 5.6F, 5, 7, 0.25F, 0, 301}), hazy(0x1E2645, 0x4C3848, 0.04F));
-  PaintGround(canvas, Ridge(canvas, {1.6F, 4.1F, 8, 6, 0.1F, 0.10F, 302}), hazy(0x151B34, 0x2C2536, 0.03F));
-  PaintGround(canvas, Ridge(canvas, {1.1F, 2.7F, 10, 5, 0, 0.28F, 303}), hazy(0x0E1325, 0x191724, 0.02F));
+  PaintGround(canvas, Ridge(canvas, {2.6F, 5.6F, 5, 7, 0.25F, 0, 301}), hazy(0x1E2645, 0.04F));
+  PaintGround(canvas, Ridge(canvas, {1.6F, 4.1F, 8, 6, 0.1F, 0.10F, 302}), hazy(0x151B34, 0.03F));
+  PaintGround(canvas, Ridge(canvas, {1.1F, 2.7F, 10, 5, 0, 0.28F, 303}), hazy(0x0E1325, 0.02F));
 }
 
 void DrawWood(QPainter& painter, const Standing& meadow, Chance& chance) {
@@ -89,9 +75,9 @@ void DrawVillage(QPainter& painter, const Standing& meadow, Chance& chance) {
 
 }  // namespace
 
-QImage DuskScenery() {
+QImage VillageScenery() {
   Canvas canvas(3200, 1360);
-  PaintDuskSky(canvas);
+  PaintVillageSky(canvas);
   PaintHills(canvas);
   const Standing meadow(canvas, {0.5F, 1.5F, 7, 5, 0, 0, 304});
   DrawOver(canvas, [&](QPainter& painter) {
