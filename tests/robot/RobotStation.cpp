@@ -46,6 +46,11 @@ bool AnsweringMessages::AskYesNo(std::string_view text, std::string_view) {
   return yes && text.find("Start Kestrava anew now?") == std::string_view::npos;
 }
 
+platform::Unstored AnsweringMessages::AskUnstored(std::string_view text, std::string_view) {
+  texts.emplace_back(text);
+  return static_cast<platform::Unstored>(unstoredAsked_++ % 3);
+}
+
 std::optional<std::filesystem::path> AnsweringFileChooser::ChooseSaveFile(std::string_view,
                                                                           const std::filesystem::path&) {
   if (++asked_ % 2 == 0) return std::nullopt;

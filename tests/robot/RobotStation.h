@@ -30,9 +30,11 @@ class AnsweringMessages : public platform::Messages {
  public:
   void Show(std::string_view text, std::string_view title, platform::MessageIcon icon) override;
   bool AskYesNo(std::string_view text, std::string_view title) override;
+  platform::Unstored AskUnstored(std::string_view text, std::string_view title) override;
   std::vector<std::string> texts;
 
  private:
+  int unstoredAsked_ = 0;
   std::mt19937 random_{7};
 };
 
