@@ -8,6 +8,7 @@
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Format.h"
+#include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 
@@ -168,6 +169,7 @@ std::optional<JobRecord> ReadJobRecord(std::string_view name) {
 }
 
 void AppendJob(const JobRecord& job) {
+  const auto hold = platform::HoldAppDir();  // another copy may add one at this moment
   std::string content = BytesOnDisk();
   std::string record = TextOf(job);
   bool latin1 = false;
@@ -183,6 +185,7 @@ void AppendJob(const JobRecord& job) {
 }
 
 bool RemoveJob(std::string_view name) {
+  const auto hold = platform::HoldAppDir();
   bool latin1 = false;
   const Lines lines = platform::SplitLines(BytesOnDisk(), &latin1);
   const auto at = FindExactly(lines, name);

@@ -5,6 +5,7 @@
 
 #include "platform/Fault.h"
 #include "platform/Files.h"
+#include "platform/Quote.h"
 #include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "store/Backups.h"
@@ -34,7 +35,8 @@ Texts TroubledFiles(const orbit::Tables& tables) {
     const std::string file = store::ElementFileOf(platform::At(tables.GroupList, row));
     if (file.empty() || std::find(seen.begin(), seen.end(), file) != seen.end()) continue;
     seen.push_back(file);
-    if (const std::string trouble = store::TroubleWith(file); !trouble.empty()) reasons.push_back(file + " " + trouble);
+    if (const std::string trouble = store::TroubleWith(file); !trouble.empty())
+      reasons.push_back(platform::QuoteOf(file) + " " + trouble);
   }
   return reasons;
 }

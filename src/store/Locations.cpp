@@ -10,6 +10,7 @@
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Format.h"
+#include "platform/Quote.h"
 #include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
@@ -93,7 +94,8 @@ std::string NameOfRow(std::string_view row) {
 std::string WhyUnread(const platform::Fault& fault) {
   const Lines unread = ReadLines(LinesOnDisk(kFile)).unread;
   if (unread.empty() || fault.Number() == platform::Fault::SubscriptOutOfRange().Number()) return fault.what();
-  return "\"" + platform::Left(platform::Trim(unread.front()), 80) + "\" is no place (" + fault.what() + ")";
+  return "\"" + platform::QuoteOf(platform::Left(platform::Trim(unread.front()), 80)) + "\" is no place (" +
+         fault.what() + ")";
 }
 
 /// @throws LeftAsItIs where the user wants it so

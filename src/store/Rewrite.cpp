@@ -6,6 +6,7 @@
 
 #include "platform/Doors.h"
 #include "platform/Fault.h"
+#include "platform/Quote.h"
 #include "platform/Text.h"
 #include "platform/TextFile.h"
 #include "store/Backups.h"
@@ -27,7 +28,7 @@ std::string NamesOf(const Lines& leftOut) {
   std::string names;
   for (std::size_t i = 0; i < std::min(leftOut.size(), kNamed); ++i) {
     if (i > 0) names += ", ";
-    names += platform::Left(platform::Trim(leftOut[i]), 80);
+    names += platform::QuoteOf(platform::Left(platform::Trim(leftOut[i]), 80));
   }
   if (leftOut.size() > kNamed) names += " and " + std::to_string(leftOut.size() - kNamed) + " more";
   return names;

@@ -71,6 +71,14 @@ TEST_F(EngineDatabase, StopsAtABlankLineOfTheGroups) {
   EXPECT_EQ(Names(), "\"A\"");
 }
 
+TEST_F(EngineDatabase, FollowsTheRuleOfTheGroupReaderForALineWithoutAComma) {
+  Put("groups.dat", "a.txt\nhost/b.txt\nB,,0\n,x/c.txt,0\n");
+  Put("a.txt", SetOf("A"));
+  Put("b.txt", SetOf("B", "00002"));
+  Put("c.txt", SetOf("C", "00003"));
+  EXPECT_EQ(Names(), "\"A\",\"B\",\"C\"");
+}
+
 TEST_F(EngineDatabase, ReadsAFileOnceThatTwoGroupsName) {
   Put("groups.dat", "A,x/a.txt,0\nB,y/A.TXT,0\n");
   Put("a.txt", SetOf("A"));

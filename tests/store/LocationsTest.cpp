@@ -132,6 +132,14 @@ TEST_F(Locations, ASaveThatWouldLeaveRowsOutSaysSoFirstAndNoLeavesTheFileAsItIs)
   EXPECT_FALSE(files.Exists("/house/Locations.dat.bak"));
 }
 
+TEST_F(Locations, TheQuestionShowsNoMoreOfALineThanFitsAndNoControlCharacters) {
+  Put("Locations.dat", "1A;1;2;3\n1B" + std::string(33000, 'x') + "\n1\x01;west;2;3\n");
+  FaultOfLoad();
+  Row(1).OnMap = "0";
+  messages.ExpectQuestion("1B" + std::string(78, 'x') + ", 1\\x01;west;2;3\n\n", false);
+  EXPECT_THROW(SaveLocations(tables), LeftAsItIs);
+}
+
 TEST_F(Locations, OneThatTheUserTookOutIsNotKeptAside) {
   Put("Locations.dat", Numbered(2));
   LoadLocations(tables);

@@ -8,8 +8,8 @@
 #include "store/Favourites.h"
 #include "store/WaitingFavourites.h"
 
-#include "OnDisk.h"
 #include "support/KilledWork.h"
+#include "support/SharedFolder.h"
 
 namespace kestrava::store {
 namespace {
@@ -20,7 +20,7 @@ const Texts kTwelve{"ISS",   "AO-7",  "NOAA 15", "NOAA 18", "SO-50", "NOAA 19",
                     "AO-91", "AO-73", "RS-44",   "FO-29",   "HST",   "METEOR-M 2"};
 const Texts kWithoutWeather{"ISS", "AO-7", "SO-50", "AO-91", "AO-73", "RS-44", "FO-29", "HST"};
 
-class LostFavourites : public OnDisk {
+class LostFavourites : public testing::SharedFolder {
  protected:
   LostFavourites() { Write("faves.dat", Lines(kTwelve)); }
 

@@ -10,12 +10,12 @@
 #include "store/Places.h"
 #include "store/WaitingFavourites.h"
 
-#include "OnDisk.h"
+#include "support/SharedFolder.h"
 
 namespace kestrava::store {
 namespace {
 
-class OtherCopy : public OnDisk {
+class OtherCopy : public testing::SharedFolder {
  protected:
   /// Any name of this file.
   static std::string Known() {

@@ -24,14 +24,14 @@
 #include "support/House.h"
 #include "support/TempFolder.h"
 
-namespace kestrava::store {
+namespace kestrava::testing {
 
-class OnDisk : public testing::House {
+class SharedFolder : public House {
  protected:
-  OnDisk() : earlier_(std::exchange(platform::AppDir, temp_.Path().string() + "/")), doors_(Doors()) {
+  SharedFolder() : earlier_(std::exchange(platform::AppDir, temp_.Path().string() + "/")), doors_(Doors()) {
     platform::UseFolderLocks(&folders_);
   }
-  ~OnDisk() override { platform::AppDir = earlier_; }
+  ~SharedFolder() override { platform::AppDir = earlier_; }
 
   void Write(const std::string& file, const std::string& content) {
     std::ofstream(temp_ / file, std::ios::binary) << content;
@@ -81,11 +81,11 @@ class OnDisk : public testing::House {
     return doors;
   }
 
-  testing::TempFolder temp_;
+  TempFolder temp_;
   platform::PosixFiles disk_;
   platform::PosixFolders folders_;
   std::string earlier_;
   platform::ScopedDoors doors_;
 };
 
-}  // namespace kestrava::store
+}  // namespace kestrava::testing
