@@ -92,7 +92,7 @@ std::string SpeechText(const platform::SpeechCondition& condition) {
     case SpeechStage::kUntried:
       return "Looking for a sound server.";
     case SpeechStage::kNoSound:
-      return "Nothing is heard: " + condition.why + ".";
+      return "Silent: " + condition.why + ".";
     case SpeechStage::kHeard:
       return "The voice is ready.";
   }

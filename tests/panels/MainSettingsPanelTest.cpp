@@ -131,7 +131,7 @@ TEST_F(MainSettingsPanelTest, BesideTheTickItIsSaidWhetherAnythingIsHeard) {
   EXPECT_EQ(speech.preparations, 1) << "it is looked for before anything is to be said";
   speech.condition = {SpeechStage::kNoSound, "no sound server (Connection refused)"};
   eventLoop.Advance(1);
-  EXPECT_EQ(view.speechLine, "! Nothing is heard: no sound server (Connection refused).");
+  EXPECT_EQ(view.speechLine, "! Silent: no sound server (Connection refused).");
   speech.condition = {SpeechStage::kHeard, {}};
   eventLoop.Advance(1);
   EXPECT_EQ(view.speechLine, "The voice is ready.");

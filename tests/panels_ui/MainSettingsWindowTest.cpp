@@ -188,7 +188,7 @@ TEST_F(MainSettingsWindowTest, TheTestSpeaksOrSaysInTheSameLineWhyNot) {
   speech.condition = {platform::SpeechCondition::Stage::kNoSound, "no sound server (Connection refused)"};
   Click(window, "CHspeechpack");
   Click(window, "BUTtestSpeech");
-  EXPECT_EQ(Label(window, "LAspeech"), "Nothing is heard: no sound server (Connection refused).");
+  EXPECT_EQ(Label(window, "LAspeech"), "Silent: no sound server (Connection refused).");
   const auto* line = window.findChild<QLabel*>("LAspeech");
   const auto* tick = window.findChild<QCheckBox*>("CHspeechpack");
   EXPECT_LT(std::abs(line->geometry().center().y() - tick->geometry().center().y()), tick->height())
