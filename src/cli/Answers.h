@@ -11,6 +11,7 @@ namespace kestrava::cli {
 
 void AnswerPasses(Station& station, const Request& request, std::ostream& out);
 void AnswerJob(Station& station, const Request& request, std::ostream& out);
+void AnswerJobs(Station& station, const Request& request, std::ostream& out);
 void AnswerNext(Station& station, const Request& request, std::ostream& out);
 void AnswerWhere(Station& station, const Request& request, std::ostream& out);
 void AnswerList(Station& station, const Request& request, std::ostream& out);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cmath>
 #include <string_view>
 
@@ -12,6 +11,8 @@
 #include "platform/Text.h"
 #include "platform/Version.h"
 
+#include "HelpText.h"
+#include "Numbers.h"
 #include "Station.h"
 #include "WindowOptions.h"
 
@@ -21,38 +22,40 @@ namespace {
 
 constexpr std::string_view kNotGiven = "\n";  // an empty value is one, and wrong
 constexpr int kMostDays = 400;                // as far as the engine looks in one go
-constexpr double kLowestM = -1000;
-constexpr double kHighestM = 100000;
 
 struct WordName {
   std::string_view name;
   Word word;
 };
-constexpr std::array<WordName, 5> kWords{{{"passes", Word::kPasses},
+constexpr std::array<WordName, 6> kWords{{{"passes", Word::kPasses},
                                           {"next", Word::kNext},
                                           {"where", Word::kWhere},
                                           {"list", Word::kList},
-                                          {"job", Word::kJob}}};
+                                          {"job", Word::kJob},
+                                          {"jobs", Word::kJobs}}};
+
+/// The options that stand behind a command.
+constexpr std::array<std::string_view, 7> kOptionsOfCommands{"--at",   "--at-time",       "--days",   "--format",
+                                                             "--from", "--min-elevation", "--visible"};
 
 constexpr std::string_view kAbout =
-    "Kestrava, a desktop satellite tracking station. Without a command its windows open;\nwith one it answers here, "
-    "needs "
-    "no display and changes nothing on the machine.";
+    "Kestrava, a desktop satellite tracking station. Without a command its windows open; with one it answers here, "
+    "needs no display and changes nothing on the machine.";
 constexpr std::string_view kNotes =
-    "North and east are positive, in --at and in all answers. Angles are degrees, azimuths\n"
-    "from north through east, distances km, heights of places metres. Satellites go by\n"
-    "name (capitals or not) or catalogue number. Times are local, by the zone's rule for\n"
-    "their date; in csv and json ISO 8601 with the offset.\n"
+    "North and east are positive, in --at and in all answers. Angles are degrees, azimuths from north through east, "
+    "distances km, heights of places metres. Satellites go by name (capitals or not) or catalogue number. Times are "
+    "local, by the zone's rule for their date; in csv and json ISO 8601 with the offset.\n"
     "Exit codes: 0 answered, 1 nothing found or an unknown name, 2 wrong use.\n"
     "More: man kestrava.";
 constexpr std::string_view kAtHelp =
-    "Place: degrees north, degrees east, metres above sea level (--at -33.9,151.2,20). The stored place without it.";
+    "Place: degrees north, degrees east and, if wanted, metres above sea level (--at -33.9,151.2,20), or a Maidenhead "
+    "locator (--at QF56oc). The stored place without it.";
 constexpr std::string_view kMomentHelp =
     "2026-11-15 (its local midnight), 2026-11-15T20:30 (local), 2026-11-15T19:30Z, now, today, tomorrow.";
 
 /// The options as they are written; numbers are read here, so that one text says what is wrong with them.
 struct Written {
-  std::string data;
+  std::string data{kNotGiven};
   std::string tour;
   std::vector<std::string> names;
   std::string listed = "satellites";
@@ -63,35 +66,6 @@ struct Written {
   std::string minElevation{kNotGiven};
   bool visible = false;
 };
-
-/// A whole text as a number with a point, whatever the machine's locale. @throws WrongUse
-double NumberOf(std::string_view text, const std::string& option) {
-  double value = 0;
-  const std::string_view digits = platform::Trim(text).substr(platform::BeginsWith(platform::Trim(text), "+") ? 1 : 0);
-  const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
-  if (read.ec != std::errc() || read.ptr != digits.data() + digits.size() || !std::isfinite(value)) {
-    throw WrongUse(option + ": '" + std::string(text) + "' is no number");
-  }
-  return value;
-}
-
-double NumberBetween(std::string_view text, double least, double most, const std::string& option) {
-  const double value = NumberOf(text, option);
-  if (value >= least && value <= most) return value;
-  throw WrongUse(option + ": " + std::string(text) + " is not between " + std::to_string(static_cast<int>(least)) +
-                 " and " + std::to_string(static_cast<int>(most)));
-}
-
-orbit::Observer PlaceOf(const std::string& text) {
-  const std::vector<std::string> parts = platform::SplitAt(text, ',');
-  if (parts.size() != 3) throw WrongUse("--at wants LAT,LON,HEIGHT, as in --at -33.9,151.2,20");
-  orbit::Observer place;
-  place.latitudeDeg = NumberBetween(parts[0], -90, 90, "--at, degrees north");
-  place.longitudeEastDeg = NumberBetween(parts[1], -180, 360, "--at, degrees east");
-  if (place.longitudeEastDeg < 0) place.longitudeEastDeg += 360;
-  place.heightM = NumberBetween(parts[2], kLowestM, kHighestM, "--at, metres");
-  return place;
-}
 
 int DaysOf(const std::string& text) {
   const double days = NumberBetween(text, 1, kMostDays, "--days");
@@ -112,7 +86,8 @@ Format FormatOf(const Written& written, Word word) {
 Request RequestOf(const Written& written, Word word) {
   Request request;
   request.word = word;
-  request.dataFolder = written.data;
+  if (written.data != kNotGiven) request.dataFolder = written.data;
+  if (request.dataFolder && platform::Trim(*request.dataFolder).empty()) throw WrongUse("--data wants a folder");
   request.names = written.names;
   for (const std::string& name : request.names) {
     if (platform::Trim(name).empty()) throw WrongUse("a name is empty");
@@ -122,7 +97,7 @@ Request RequestOf(const Written& written, Word word) {
     throw WrongUse("'" + request.listed + "' is none of groups, satellites, favourites");
   }
   request.format = FormatOf(written, word);
-  if (written.at != kNotGiven) request.at = PlaceOf(written.at);
+  if (written.at != kNotGiven) request.at = ParsePlace(written.at);
   request.days = DaysOf(written.days);
   request.moment = written.moment;
   if (written.minElevation != kNotGiven) {
@@ -148,6 +123,7 @@ class Grammar {
     AddWhere();
     AddList();
     AddJob();
+    AddJobs();
   }
 
   CLI::App& App() { return app_; }
@@ -163,9 +139,7 @@ class Grammar {
   void AddFormat(CLI::App& command, std::string_view names) {
     command.add_option("--format", written_.format, std::string(names) + "; text without it.")->type_name("FORMAT");
   }
-  void AddAt(CLI::App& command) {
-    command.add_option("--at", written_.at, std::string(kAtHelp))->type_name("LAT,LON,HEIGHT");
-  }
+  void AddAt(CLI::App& command) { command.add_option("--at", written_.at, std::string(kAtHelp))->type_name("PLACE"); }
   void AddMoment(CLI::App& command, const std::string& option, const std::string& about) {
     command.add_option(option, written_.moment, about + " " + std::string(kMomentHelp))->type_name("TIME");
   }
@@ -221,6 +195,11 @@ class Grammar {
     AddAt(command);
   }
 
+  void AddJobs() {
+    CLI::App& command = Add("jobs", "List the saved jobs.");
+    AddFormat(command, "text, csv or json");
+  }
+
   Written written_;
   CLI::App app_{std::string(kAbout), "kestrava"};
 };
@@ -230,7 +209,20 @@ const WordName* WordOf(std::string_view name) {
   return found == kWords.end() ? nullptr : &*found;
 }
 
+/// An option of a command in front of it is read as if the value behind it were the command.
+void RefuseMisplaced(const std::vector<std::string>& arguments) {
+  const auto isWord = [](const std::string& argument) { return WordOf(argument) != nullptr; };
+  const auto word = std::find_if(arguments.begin(), arguments.end(), isWord);
+  for (auto at = arguments.begin(); at != word; ++at) {
+    const std::string_view name = std::string_view(*at).substr(0, at->find('='));
+    if (std::find(kOptionsOfCommands.begin(), kOptionsOfCommands.end(), name) == kOptionsOfCommands.end()) continue;
+    throw WrongUse(std::string(name) + " stands behind the command, as in: kestrava " +
+                   (word == arguments.end() ? "passes" : *word) + " ... " + *at);
+  }
+}
+
 void RefuseUnknown(const std::vector<std::string>& arguments) {
+  RefuseMisplaced(arguments);
   const std::string_view word = FirstWord(arguments);
   if (const std::string wrong = WrongWindowOption(arguments); word.empty() && !wrong.empty()) throw WrongUse(wrong);
   if (word.empty() || WordOf(word)) return;
@@ -238,6 +230,15 @@ void RefuseUnknown(const std::vector<std::string>& arguments) {
   for (const WordName& known : kWords) names.emplace_back(known.name);
   throw WrongUse("there is no command '" + std::string(word) + "'." + DidYouMean(NearNames(word, names)) +
                  " kestrava --help names them all");
+}
+
+/// What is left over when all that a command takes has been read.
+std::string TooMany(const CLI::App& app) {
+  const std::vector<std::string> extras = app.remaining(true);
+  const std::string what = extras.empty() ? std::string("something") : "'" + extras.front() + "'";
+  const std::string word = app.get_subcommands().empty() ? "" : app.get_subcommands().front()->get_name() + " ";
+  return what + (platform::BeginsWith(what, "'-") ? " is no option of this command" : " is one argument too many") +
+         ". kestrava " + word + "--help tells what there is";
 }
 
 bool IsQuestion(std::string_view argument) {
@@ -258,9 +259,11 @@ std::variant<Request, ReadyAnswer> ParseArguments(const std::vector<std::string>
   try {
     grammar.App().parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
   } catch (const CLI::CallForHelp&) {
-    return ReadyAnswer{grammar.App().help()};
+    return ReadyAnswer{WrappedHelp(grammar.App().help())};
   } catch (const CLI::CallForVersion&) {
     return ReadyAnswer{"Kestrava " + platform::LongVersion() + "\n"};
+  } catch (const CLI::ExtrasError&) {
+    throw WrongUse(TooMany(grammar.App()));
   } catch (const CLI::ParseError& error) {
     throw WrongUse(error.what());
   }

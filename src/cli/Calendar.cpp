@@ -102,17 +102,21 @@ void WriteEvent(std::ostream& out, const Place& place, const PassEvent& event) {
   WriteLine(out, "DESCRIPTION:" + Escaped(Description(pass)));
   if (!place.name.empty()) WriteLine(out, "LOCATION:" + Escaped(place.name));
   WriteLine(out, "GEO:" + platform::PointText(place.observer.latitudeDeg) + ";" +
-                     platform::PointText(EastDeg(place.observer.longitudeEastDeg)));
+                     platform::PointText(place.longitudeEastDeg));
   WriteLine(out, "TRANSP:TRANSPARENT");
   WriteLine(out, "END:VEVENT");
 }
 
 }  // namespace
 
-std::string UidOf(int catalogueNumber, int revolution, int ordinal) {
+std::string UidOf(int catalogueNumber, int revolution, int ordinal, const Place& place) {
   std::string uid = std::to_string(catalogueNumber) + "-" + std::to_string(revolution);
   if (ordinal > 1) uid += "-" + std::to_string(ordinal);
-  return uid + "@kestrava";
+  const auto part = [](double degrees, char positive, char negative) {
+    const double hundredths = std::round(degrees * 100);
+    return platform::PointText(std::abs(hundredths) / 100) + (hundredths < 0 ? negative : positive);
+  };
+  return uid + "-" + part(place.observer.latitudeDeg, 'n', 's') + part(place.longitudeEastDeg, 'e', 'w') + "@kestrava";
 }
 
 void WriteCalendar(std::ostream& out, const Place& place, const std::vector<PassEvent>& events) {

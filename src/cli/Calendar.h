@@ -17,9 +17,10 @@ struct PassEvent {
   std::string uid;
 };
 
-/// The identity of a satellite's pass, from its catalogue number and orbit number, so that an import after an update of
-/// the elements replaces the event. @param ordinal  1 for the first pass of that orbit, which is nearly always the only
-std::string UidOf(int catalogueNumber, int revolution, int ordinal);
+/// The identity of a satellite's pass over a place, from catalogue number, orbit number and the place to a hundredth of
+/// a degree, so that an import after an update of the elements replaces the event, and one for another place does not.
+/// @param ordinal  1 for the first pass of that orbit, which is nearly always the only
+std::string UidOf(int catalogueNumber, int revolution, int ordinal, const Place& place);
 
 /// Writes nothing without events: a calendar must hold one.
 void WriteCalendar(std::ostream& out, const Place& place, const std::vector<PassEvent>& events);

@@ -23,6 +23,8 @@ void Answer(Station& station, const Request& request, std::ostream& out) {
       return AnswerList(station, request, out);
     case Word::kJob:
       return AnswerJob(station, request, out);
+    case Word::kJobs:
+      return AnswerJobs(station, request, out);
   }
 }
 

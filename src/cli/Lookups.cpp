@@ -115,14 +115,29 @@ Records GroupsOf(Station& station) {
   return records;
 }
 
+/// CSV has no place for what holds for all rows but in each of them.
+Records WithPlace(const Records& records, const Place& place) {
+  Records placed = records;
+  placed.columns.insert(placed.columns.end(), {{"observer_name", "", ""},
+                                               {"observer_latitude_north_deg", "", ""},
+                                               {"observer_longitude_east_deg", "", ""},
+                                               {"observer_height_m", "", ""}});
+  for (std::vector<Value>& row : placed.rows) {
+    const auto& [latitudeDeg, longitudeDeg, heightM] = place.observer;
+    row.insert(row.end(), {place.name, latitudeDeg, place.longitudeEastDeg, heightM});
+  }
+  return placed;
+}
+
 }  // namespace
 
 void WriteRecords(std::ostream& out, Format format, const Frame& frame, const Records& records) {
   if (format == Format::kJson) {
     WriteJson(out, frame, records);
   } else if (format == Format::kCsv) {
-    WriteCsv(out, records);
+    WriteCsv(out, frame.observer ? WithPlace(records, *frame.observer) : records);
   } else if (!records.rows.empty()) {
+    if (frame.observer) WritePlaceLine(out, *frame.observer);
     WriteText(out, records);
   }
 }
@@ -133,12 +148,14 @@ void AnswerNext(Station& station, const Request& request, std::ostream& out) {
                    {"catalogue_number", "", ""},
                    {"in_view", "In view", ""},
                    {"next_rise", "Next rise", ""},
-                   {"rise_azimuth_deg", "Azimuth", "000"},
+                   {"rise_azimuth_deg", "Azimuth", "000", kDegreeDecimals},
                    {"next_set", "Next set", ""},
-                   {"set_azimuth_deg", "Azimuth", "000"}},
+                   {"set_azimuth_deg", "Azimuth", "000", kDegreeDecimals}},
                   {}};
   bool any = false;
-  for (const Coming& coming : ComingsAfter(station, AskedOrFavourites(station, request), utc)) {
+  const std::vector<std::string> asked = AskedOrFavourites(station, request);
+  station.NoteOldElements(asked, utc);
+  for (const Coming& coming : ComingsAfter(station, asked, utc)) {
     any = any || coming.HasAny();
     records.rows.push_back({coming.satellite, coming.catalogueNumber, coming.inView, MomentOrNothing(coming.rise),
                             AzimuthAt(station, coming, coming.rise), MomentOrNothing(coming.set),
@@ -153,17 +170,19 @@ void AnswerWhere(Station& station, const Request& request, std::ostream& out) {
   Records records{{{"satellite", "Satellite", ""},
                    {"catalogue_number", "", ""},
                    {"time", "Time", ""},
-                   {"azimuth_deg", "Azimuth", "000.0"},
-                   {"elevation_deg", "Elevation", "0.0"},
-                   {"range_km", "Range km", "0"},
-                   {"range_rate_km_s", "", ""},
-                   {"height_km", "Height km", "0"},
-                   {"latitude_north_deg", "North", "0.00"},
-                   {"longitude_east_deg", "East", "0.00"},
+                   {"azimuth_deg", "Azimuth", "000.0", kDegreeDecimals},
+                   {"elevation_deg", "Elevation", "0.0", kDegreeDecimals},
+                   {"range_km", "Range km", "0", kKmDecimals},
+                   {"range_rate_km_s", "", "", kSpeedDecimals},
+                   {"height_km", "Height km", "0", kKmDecimals},
+                   {"latitude_north_deg", "North", "0.00", kDegreeDecimals},
+                   {"longitude_east_deg", "East", "0.00", kDegreeDecimals},
                    {"orbit_number", "Orbit", ""}},
                   {}};
+  const std::vector<std::string> asked = station.Resolve(request.names);
+  station.NoteOldElements(asked, utc);
   bool any = false;
-  for (const std::string& name : station.Resolve(request.names)) {
+  for (const std::string& name : asked) {
     std::vector<Value>& row = records.rows.emplace_back();
     row = {name, station.Engine().CatalogueNumber(name), Moment{utc}};
     try {

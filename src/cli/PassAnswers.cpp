@@ -61,7 +61,8 @@ Passes FindAll(Station& station, const Search& search, bool visibleOnly) {
 /// passes of the orbit before the list are counted, too.
 class PassNames {
  public:
-  PassNames(Station& station, const std::string& satellite, SerialDate fromUtc, SerialDate toUtc) {
+  PassNames(Station& station, const std::string& satellite, SerialDate fromUtc, SerialDate toUtc)
+      : place_(station.Observer()) {
     constexpr double kFewestRadPerMin = 2 * std::numbers::pi / (5 * platform::kMinutesPerDay);
     const double motion = std::max(station.Engine().Model(satellite).MeanMotionRadPerMin(), kFewestRadPerMin);
     const double orbitDays = 2 * std::numbers::pi / motion / platform::kMinutesPerDay;
@@ -76,10 +77,11 @@ class PassNames {
       const bool before = other.riseUtc < pass.riseUtc - kHalfMinute;
       if (before && other.revolution == pass.revolution) ++ordinal;
     }
-    return cli::UidOf(pass.catalogueNumber, pass.revolution, ordinal);
+    return cli::UidOf(pass.catalogueNumber, pass.revolution, ordinal, place_);
   }
 
  private:
+  const Place place_;
   Passes all_;
 };
 
@@ -104,10 +106,10 @@ Records RecordsOf(const Passes& passes) {
                    {"max_elevation_time", "", ""},
                    {"end_time", "", ""},
                    {"duration_s", "", ""},
-                   {"max_elevation_deg", "", ""},
-                   {"start_azimuth_deg", "", ""},
-                   {"max_elevation_azimuth_deg", "", ""},
-                   {"end_azimuth_deg", "", ""},
+                   {"max_elevation_deg", "", "", kDegreeDecimals},
+                   {"start_azimuth_deg", "", "", kDegreeDecimals},
+                   {"max_elevation_azimuth_deg", "", "", kDegreeDecimals},
+                   {"end_azimuth_deg", "", "", kDegreeDecimals},
                    {"all_day", "", ""},
                    {"sunlit", "", ""},
                    {"visible", "", ""}},
@@ -147,8 +149,9 @@ void WriteRow(std::ostream& out, const predict::PassRow& row) {
   out << predict::RowText(row) << '\n';
 }
 
-void WritePassText(std::ostream& out, const Passes& passes) {
+void WritePassText(std::ostream& out, const Place& place, const Passes& passes) {
   if (passes.empty()) return;
+  WritePlaceLine(out, place);
   out << predict::kPassHeading << '\n';
   for (const PassFacts& pass : passes) WriteRow(out, RowOf(pass));
 }
@@ -156,7 +159,7 @@ void WritePassText(std::ostream& out, const Passes& passes) {
 void WritePasses(Station& station, const Request& request, const Search& search, std::ostream& out) {
   const Passes passes = FindAll(station, search, request.visibleOnly);
   if (request.format == Format::kText) {
-    WritePassText(out, passes);
+    WritePassText(out, station.Observer(), passes);
   } else if (request.format == Format::kICal) {
     WriteCalendar(out, station.Observer(), EventsOf(station, search, passes));
   } else {
@@ -169,8 +172,9 @@ void WritePasses(Station& station, const Request& request, const Search& search,
     WriteRecords(out, request.format, frame, RecordsOf(passes));
   }
   if (passes.empty()) {
-    throw NotFound("no passes from " + IsoText(search.fromUtc) + " to " + IsoText(search.toUtc) +
-                   ", minimum elevation " + platform::PointText(station.MinimumElevationDeg()) + " degrees" +
+    throw NotFound("no passes from " + IsoText(search.fromUtc) + " to " + IsoText(search.toUtc) + " over " +
+                   PlaceText(station.Observer()) + ", minimum elevation " +
+                   platform::PointText(station.MinimumElevationDeg()) + " degrees" +
                    (request.visibleOnly ? ", visible by eye" : ""));
   }
 }
@@ -178,6 +182,7 @@ void WritePasses(Station& station, const Request& request, const Search& search,
 /// The satellites of a job that the engine knows, in the order of the file and as they are written there.
 std::vector<std::string> SatellitesOf(Station& station, const predict::PassJob& job) {
   std::vector<std::string> satellites;
+  if (const std::string beyond = predict::BeyondText(job); !beyond.empty()) station.Note(beyond);
   for (int row = 1; row <= std::min<int>(job.satelliteCount, predict::kJobRows); ++row) {
     const std::string& name = platform::At(job.satellites, row);
     if (station.Engine().Knows(name)) {
@@ -189,11 +194,22 @@ std::vector<std::string> SatellitesOf(Station& station, const predict::PassJob& 
   return satellites;
 }
 
+/// With the one that a run left in its wizard when it was killed.
+std::vector<std::string> SavedJobs() {
+  try {
+    predict::PutBackEditedJob();
+  } catch (const platform::Fault&) {  // the windows say why
+    return predict::ListJobs();
+  }
+  return predict::ListJobs();
+}
+
 predict::PassJob JobOf(const std::string& name) {
+  const std::vector<std::string> jobs = SavedJobs();
   if (const auto job = predict::ReadJob(platform::Trim(name))) return *job;
-  const std::vector<std::string> jobs = predict::ListJobs();
   if (jobs.empty()) throw NotFound("there are no saved jobs in " + platform::AppDir);
-  throw NotFound("no job is called '" + name + "'." + DidYouMean(NearNames(name, jobs)));
+  throw NotFound("no job is called '" + name + "'." + DidYouMean(NearNames(name, jobs)) +
+                 " kestrava jobs lists them all");
 }
 
 /// The rows of the window: day by day, each day satellite by satellite, with its own rules of time and rounding.
@@ -210,10 +226,13 @@ void WriteWindowRows(Station& station, const Request& request, const Search& sea
                                     platform::ToInt16(date.year), request.visibleOnly);
     }
   }
-  if (table.RowCount() == 0) throw NotFound(predict::StatusText(tally));
+  const predict::PassSubject subject{"the job '" + request.names.front() + "'", firstDay, days};
+  const std::string status = predict::StatusText(tally, subject, table.RowCount());
+  if (table.RowCount() == 0) throw NotFound(status);
+  WritePlaceLine(out, station.Observer());
   out << predict::kPassHeading << '\n';
   for (const predict::PassRow& row : table.Rows()) WriteRow(out, row);
-  station.Note(predict::StatusText(tally));
+  station.Note(status);
 }
 
 }  // namespace
@@ -222,6 +241,7 @@ void AnswerPasses(Station& station, const Request& request, std::ostream& out) {
   Search search;
   search.satellites = station.Resolve(request.names);
   search.fromUtc = ParseMoment(request.moment);
+  station.NoteOldElements(search.satellites, search.fromUtc);
   search.toUtc = UtcOfLocal(platform::TheClock().LocalAt(search.fromUtc) + request.days);  // days of the calendar
   WritePasses(station, request, search, out);
 }
@@ -233,6 +253,7 @@ void AnswerJob(Station& station, const Request& request, std::ostream& out) {
   Search search;
   search.satellites = SatellitesOf(station, job);
   search.fromUtc = LocalMidnight(ParseMoment(request.moment));
+  station.NoteOldElements(search.satellites, search.fromUtc);
   const SerialDate firstDay = std::floor(platform::TheClock().LocalAt(search.fromUtc) + 0.5 / platform::kMinutesPerDay);
   const int days = std::max<int>(0, job.days);
   search.toUtc = UtcOfLocal(firstDay + days);
@@ -243,6 +264,26 @@ void AnswerJob(Station& station, const Request& request, std::ostream& out) {
     search.satellites = station.Resolve(search.satellites);  // one that stands there twice has its passes once
     WritePasses(station, request, search, out);
   }
+}
+
+void AnswerJobs(Station& /*station*/, const Request& request, std::ostream& out) {
+  Records records{{{"job", "Job", ""},
+                   {"days", "Days", ""},
+                   {"satellite_count", "Satellites", ""},
+                   {"satellites", "", ""},
+                   {"saves_to_file", "Saves", ""},
+                   {"prints", "Prints", ""}},
+                  {}};
+  for (const std::string& name : SavedJobs()) {
+    const auto job = predict::ReadJob(name);
+    if (!job) continue;
+    const auto first = job->satellites.begin() + 1;
+    const std::vector<std::string> satellites(first, first + std::min<int>(job->satelliteCount, predict::kJobRows));
+    records.rows.push_back(
+        {name, static_cast<int>(job->days), static_cast<int>(job->satelliteCount), satellites, job->save, job->print});
+  }
+  WriteRecords(out, request.format, {std::nullopt, {}, "jobs"}, records);
+  if (records.rows.empty()) throw NotFound("there are no saved jobs in " + platform::AppDir);
 }
 
 }  // namespace kestrava::cli

@@ -17,6 +17,12 @@ namespace {
 
 constexpr std::size_t kBlanksBetween = 2;
 
+std::string Joined(const std::vector<std::string>& names, std::string_view between) {
+  std::string all;
+  for (const std::string& name : names) all.append(all.empty() ? "" : between).append(name);
+  return all;
+}
+
 /// A value in a cell of the text form.
 class CellText {
  public:
@@ -26,6 +32,7 @@ class CellText {
   std::string operator()(int value) const { return std::to_string(value); }
   std::string operator()(double value) const { return platform::Format(value, pattern_); }
   std::string operator()(const std::string& value) const { return value; }
+  std::string operator()(const std::vector<std::string>& names) const { return Joined(names, ", "); }
   std::string operator()(const Moment& moment) const {
     const platform::SerialDate local = platform::TheClock().LocalAt(moment.utc);
     const platform::DateParts parts = platform::SplitSerial(local);
@@ -38,13 +45,16 @@ class CellText {
   std::string_view pattern_;
 };
 
+/// A value in a field of CSV.
 struct FieldText {
+  int decimals = kAsIs;
   std::string operator()(std::monostate) const { return {}; }
   std::string operator()(bool value) const { return value ? "true" : "false"; }
   std::string operator()(int value) const { return std::to_string(value); }
-  std::string operator()(double value) const { return platform::PointText(value); }
+  std::string operator()(double value) const { return platform::PointText(WithDecimals(value, decimals)); }
   std::string operator()(const std::string& value) const { return value; }
   std::string operator()(const Moment& moment) const { return IsoText(moment.utc); }
+  std::string operator()(const std::vector<std::string>& names) const { return Joined(names, ";"); }
 };
 
 bool IsNumber(const Value& value) {
@@ -108,15 +118,20 @@ void WriteCsv(std::ostream& out, const Records& records) {
   out << line << '\n';
   for (const auto& row : records.rows) {
     for (std::size_t i = 0; i < row.size(); ++i) {
-      out << (i == 0 ? "" : ",") << CsvField(std::visit(FieldText(), row[i]));
+      out << (i == 0 ? "" : ",") << CsvField(std::visit(FieldText{records.columns[i].decimals}, row[i]));
     }
     out << '\n';
   }
 }
 
-double EastDeg(double longitudeDeg) {
-  const double turned = std::remainder(longitudeDeg, 360.0);
-  return turned == -180.0 ? 180.0 : turned;
+void WritePlaceLine(std::ostream& out, const Place& place) {
+  out << "Place: " << PlaceText(place) << '\n';
+}
+
+double WithDecimals(double value, int decimals) {
+  if (decimals < 0) return value;
+  const double steps = std::pow(10, decimals);
+  return std::round(value * steps) / steps + 0.0;  // no "-0"
 }
 
 }  // namespace kestrava::cli

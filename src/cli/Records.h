@@ -10,8 +10,9 @@
 #include <variant>
 #include <vector>
 
-#include "orbit/Observer.h"
 #include "platform/SerialDate.h"
+
+#include "Places.h"
 
 namespace kestrava::cli {
 
@@ -20,12 +21,21 @@ struct Moment {
 };
 
 /// Nothing where there is no value.
-using Value = std::variant<std::monostate, bool, int, double, std::string, Moment>;
+using Value = std::variant<std::monostate, bool, int, double, std::string, Moment, std::vector<std::string>>;
+
+inline constexpr int kAsIs = -1;
+
+/// The digits that mean something: elements give a place to some hundred metres at best, and a moment of a pass to
+/// tenths of a second. One or two more stand here, so that differences can be worked with.
+inline constexpr int kDegreeDecimals = 4;
+inline constexpr int kKmDecimals = 3;
+inline constexpr int kSpeedDecimals = 6;  ///< of km/s: Doppler shifts of microwaves are worked out from it
 
 struct Column {
   std::string_view key;      ///< in CSV and JSON
   std::string_view head;     ///< in text; empty: not shown there
   std::string_view pattern;  ///< of numbers in text
+  int decimals = kAsIs;      ///< of numbers in CSV and JSON
 };
 
 struct Records {
@@ -33,13 +43,8 @@ struct Records {
   std::vector<std::vector<Value>> rows;
 };
 
-/// Where the answer holds.
-struct Place {
-  std::string name;  ///< empty if the place was given on the command line
-  orbit::Observer observer;
-};
-
-/// What stands around the records in JSON.
+/// What stands around the records: in JSON before them, in text the place in a line above them, in CSV the place in
+/// columns behind theirs.
 struct Frame {
   std::optional<Place> observer;
   std::vector<std::pair<std::string, Value>> facts;
@@ -50,7 +55,10 @@ void WriteText(std::ostream& out, const Records& records);
 void WriteCsv(std::ostream& out, const Records& records);
 void WriteJson(std::ostream& out, const Frame& frame, const Records& records);
 
-/// Degrees east, -180 (not included) to 180, of any longitude.
-double EastDeg(double longitudeDeg);
+/// The line above a table of text.
+void WritePlaceLine(std::ostream& out, const Place& place);
+
+/// A number with so many decimals; negative: as it is.
+double WithDecimals(double value, int decimals);
 
 }  // namespace kestrava::cli

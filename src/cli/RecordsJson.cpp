@@ -11,19 +11,21 @@ namespace {
 using Json = nlohmann::ordered_json;
 
 struct JsonOf {
+  int decimals = kAsIs;
   Json operator()(std::monostate) const { return nullptr; }
   Json operator()(bool value) const { return value; }
   Json operator()(int value) const { return value; }
-  Json operator()(double value) const { return value; }
+  Json operator()(double value) const { return WithDecimals(value, decimals); }
   Json operator()(const std::string& value) const { return value; }
   Json operator()(const Moment& moment) const { return IsoText(moment.utc); }
+  Json operator()(const std::vector<std::string>& names) const { return names; }
 };
 
 Json ObserverOf(const Place& place) {
   Json observer = Json::object();
   if (!place.name.empty()) observer["name"] = place.name;
   observer["latitude_north_deg"] = place.observer.latitudeDeg;
-  observer["longitude_east_deg"] = EastDeg(place.observer.longitudeEastDeg);
+  observer["longitude_east_deg"] = place.longitudeEastDeg;
   observer["height_m"] = place.observer.heightM;
   return observer;
 }
@@ -31,7 +33,7 @@ Json ObserverOf(const Place& place) {
 Json RowOf(const Records& records, const std::vector<Value>& row) {
   Json object = Json::object();
   for (std::size_t i = 0; i < row.size(); ++i)
-    object[std::string(records.columns[i].key)] = std::visit(JsonOf(), row[i]);
+    object[std::string(records.columns[i].key)] = std::visit(JsonOf{records.columns[i].decimals}, row[i]);
   return object;
 }
 

@@ -6,20 +6,20 @@
 #include <string>
 #include <vector>
 
-#include "orbit/Observer.h"
+#include "Places.h"
 
 namespace kestrava::cli {
 
-enum class Word { kPasses, kNext, kWhere, kList, kJob };
+enum class Word { kPasses, kNext, kWhere, kList, kJob, kJobs };
 enum class Format { kText, kCsv, kJson, kICal };
 
 struct Request {
   Word word = Word::kPasses;
-  std::string dataFolder;
+  std::optional<std::string> dataFolder;
   std::vector<std::string> names;  ///< satellites, or the one job
   std::string listed;              ///< of "list": groups, satellites or favourites
   Format format = Format::kText;
-  std::optional<orbit::Observer> at;
+  std::optional<Place> at;
   int days = 1;
   std::string moment = "now";  ///< --from or --at-time as written
   std::optional<double> minElevationDeg;

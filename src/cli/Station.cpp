@@ -1,6 +1,7 @@
 #include "Station.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <utility>
 
@@ -9,14 +10,28 @@
 #include "platform/Format.h"
 #include "platform/Settings.h"
 #include "platform/Text.h"
+#include "platform/TextFile.h"
+#include "predict/ElementAge.h"
 #include "store/Favourites.h"
 #include "store/Groups.h"
 
+#include "PlainWords.h"
+
 namespace kestrava::cli {
+
+using platform::SerialDate;
 
 namespace {
 
-constexpr platform::FaultTrap kTrap{"Command line"};
+constexpr std::array<std::string_view, 4> kPlaceKeys{"Location Name", "Latitude", "Longitude", "HASL"};
+
+/// A folder that the user has named must be there: other data would answer in its name.
+void RefuseNoFolder(const std::filesystem::path& folder) {
+  const std::string name = folder.has_filename() ? folder.string() : folder.parent_path().string();
+  if (platform::TheFiles().FolderExists(name)) return;
+  throw WrongUse("--data: " + name +
+                 (platform::TheFiles().Exists(name) ? " is a file, not a folder" : " is not there"));
+}
 
 /// The number in a setting. @throws NotFound if it holds none
 double NumberOf(std::string_view key) {
@@ -51,18 +66,14 @@ Station::Station(const Machine& machine, const Request& request, std::ostream& e
       doors_(DoorsOver()),
       earlierAppDir_(platform::AppDir),
       earlierObserver_(platform::ObserveFaults([this](std::string_view message, std::string_view trapName) {
-        Note(std::string(message) + " (" + std::string(trapName) + ")");
+        if (const std::string words = PlainWords(message, trapName); !words.empty()) Note(words);
       })) {
   try {
     OpenFolder(machine, request);
     engine_.SetDataFolder(platform::AppDir);
     ReadSatellites();
-    if (request.word != Word::kList) PlaceObserver(request);
-    // As in the windows: a minimum that is no number is told, and leaves nothing out.
-    kTrap([&] {
-      minimumElevationDeg_ = platform::ParseNumber(platform::ApplyCommaRule(platform::ReadSetting("WxEL", "0")));
-    });
-    if (request.minElevationDeg) minimumElevationDeg_ = *request.minElevationDeg;
+    if (request.word != Word::kList && request.word != Word::kJobs) PlaceObserver(machine, request);
+    ReadMinimumElevation(request);
   } catch (...) {
     platform::ObserveFaults(earlierObserver_);
     platform::AppDir = earlierAppDir_;
@@ -100,30 +111,74 @@ platform::SettingsMap Station::ReadSettings(const std::filesystem::path& file) {
 }
 
 void Station::OpenFolder(const Machine& machine, const Request& request) {
-  platform::AppDir = machine.chooseFolder(request.dataFolder);
+  platform::AppDir = machine.chooseFolder(request.dataFolder.value_or(""));
+  if (request.dataFolder) RefuseNoFolder(platform::AppDir);
   if (!store::IsNewFolder(platform::AppDir)) return;
   if (machine.shippedData.empty()) throw NotFound("there is no data in " + platform::AppDir);
   Note(platform::AppDir + " holds no data yet: the sample data that came with the program serve");
   platform::AppDir = (machine.shippedData / "").string();
-  if (const auto place = machine.place()) store::WriteFirstLocation(*place);
+}
+
+void Station::PlaceObserver(const Machine& machine, const Request& request) {
+  const auto isThere = [&](std::string_view key) { return !platform::Trim(settings_.Get(key)).empty(); };
+  if (request.at) {
+    place_ = *request.at;
+  } else {
+    if (std::none_of(kPlaceKeys.begin(), kPlaceKeys.end(), isThere)) GuessPlace(machine);
+    place_ = StoredPlace();
+  }
+  engine_.SetObserver(place_.observer);
+}
+
+/// As a first start of the windows does it, and in memory alone.
+void Station::GuessPlace(const Machine& machine) {
+  const auto place = machine.place();
+  if (!place) {
+    throw NotFound("no place has been entered, and the machine's time zone tells none: name one with --at LAT,LON");
+  }
+  store::WriteFirstLocation(*place);
+  Note("no place has been entered: " + PlaceText(StoredPlace()) + " is guessed from the time zone " + place->zoneName +
+       "; --at names another");
 }
 
 /// The place as the windows set it: six decimals, the stored longitude west positive.
-void Station::PlaceObserver(const Request& request) {
-  if (request.at) {
-    place_ = {"", *request.at};
-  } else {
-    const auto sixPlaces = [](double degrees) { return std::round(degrees * 1e6) / 1e6; };
-    place_.name = platform::ReadSetting("Location Name", "Default");
-    place_.observer.latitudeDeg = sixPlaces(NumberOf("Latitude"));
-    place_.observer.longitudeEastDeg = 360 - sixPlaces(NumberOf("Longitude"));
-    place_.observer.heightM = NumberOf("HASL");
-    const orbit::Observer& at = place_.observer;
-    if (!(std::abs(at.latitudeDeg) <= 90 && std::abs(at.longitudeEastDeg) <= 720)) {
-      throw NotFound("the stored place is none on the Earth; correct Latitude and Longitude, or name one with --at");
-    }
+Place Station::StoredPlace() {
+  const auto sixPlaces = [](double degrees) { return std::round(degrees * 1e6) / 1e6; };
+  const double latitudeDeg = sixPlaces(NumberOf("Latitude"));
+  const double longitudeDeg = 360 - sixPlaces(NumberOf("Longitude"));
+  if (!(std::abs(latitudeDeg) <= 90 && std::abs(longitudeDeg) <= 720)) {
+    throw NotFound("the stored place is none on the Earth; correct Latitude and Longitude, or name one with --at");
   }
-  engine_.SetObserver(place_.observer);
+  return {platform::ReadSetting("Location Name", "Default"),
+          {latitudeDeg, longitudeDeg, NumberOf("HASL")},
+          EastDeg(longitudeDeg)};
+}
+
+/// As in the windows: a minimum that is no number is told, and leaves nothing out.
+void Station::ReadMinimumElevation(const Request& request) {
+  const std::string stored = platform::ReadSetting("WxEL", "0");
+  try {
+    minimumElevationDeg_ = platform::ParseNumber(platform::ApplyCommaRule(stored));
+  } catch (const platform::Fault&) {
+    Note("the setting WxEL holds '" + stored + "', which is no number: no pass is left out for its elevation");
+  }
+  if (request.minElevationDeg) minimumElevationDeg_ = *request.minElevationDeg;
+}
+
+void Station::NoteOldElements(const std::vector<std::string>& satellites, SerialDate utc) {
+  constexpr double kGoodDays = 14;
+  std::vector<predict::ElementAge> old = predict::ElementAges(engine_, satellites, utc);
+  std::erase_if(old, [](const predict::ElementAge& age) { return std::abs(age.days) <= kGoodDays; });
+  if (old.empty()) return;
+  const auto farther = [](const auto& a, const auto& b) { return std::abs(a.days) < std::abs(b.days); };
+  const predict::ElementAge& worst = *std::max_element(old.begin(), old.end(), farther);
+  const std::string days = std::to_string(std::lround(std::abs(worst.days))) + " days " +
+                           (worst.days < 0 ? "younger than that moment" : "old at that moment");
+  const std::string which = old.size() == 1 ? "the elements of " + worst.satellite + " are " + days
+                                            : "the elements of " + std::to_string(old.size()) +
+                                                  " satellites are far from that moment; those of " + worst.satellite +
+                                                  " are " + days;
+  Note(which + ". They serve for about two weeks: update them");
 }
 
 void Station::ReadSatellites() {
@@ -165,16 +220,31 @@ std::vector<std::string> Station::Resolve(const std::vector<std::string>& asked)
 }
 
 std::vector<std::string> Station::Favourites() {
-  kTrap([&] { store::LoadFaves(*tables_, engine_); });
+  std::vector<std::string> written;
+  try {
+    written = platform::SplitLines(files_.Read(platform::InAppDir("faves.dat")));
+    store::LoadFaves(*tables_, engine_);
+  } catch (const platform::Fault& fault) {
+    Note("faves.dat cannot be read: " + std::string(fault.what()));
+  }
   std::vector<std::string> names;
   for (const orbit::FaveRec& row : tables_->FaveList) {
     if (!row.Name.empty()) names.push_back(row.Name);
+  }
+  for (const std::string& line : written) {
+    const std::string name(platform::Trim(line));
+    const bool loaded = name.empty() || std::find(names.begin(), names.end(), name) != names.end();
+    if (!loaded) Note("the favourite '" + name + "' is in no element file");
   }
   return names;
 }
 
 void Station::LoadGroups() {
-  kTrap([&] { store::LoadGroups(*tables_); });
+  try {
+    store::LoadGroups(*tables_);
+  } catch (const platform::Fault& fault) {
+    Note("groups.dat cannot be read: " + std::string(fault.what()));
+  }
 }
 
 }  // namespace kestrava::cli

@@ -34,7 +34,8 @@ class ErrorStreamMessages : public platform::Messages {
 
 class Station {
  public:
-  /// @throws NotFound  there is no data at all, or the stored place is no place
+  /// @throws NotFound  there is no data at all, or no place, or the stored place is none
+  /// @throws WrongUse  the named folder is none
   Station(const Machine& machine, const Request& request, std::ostream& err);
   ~Station();
   Station(const Station&) = delete;
@@ -60,6 +61,9 @@ class Station {
   /// Fills the groups of the tables in the same way.
   void LoadGroups();
 
+  /// Tells once if elements are more than two weeks away from a moment. @param satellites  that the engine knows
+  void NoteOldElements(const std::vector<std::string>& satellites, platform::SerialDate utc);
+
   /// A line on the error stream.
   void Note(std::string_view text) { err_ << "kestrava: " << text << '\n'; }
 
@@ -67,7 +71,10 @@ class Station {
   platform::Doors DoorsOver();
   platform::SettingsMap ReadSettings(const std::filesystem::path& file);
   void OpenFolder(const Machine& machine, const Request& request);
-  void PlaceObserver(const Request& request);
+  void PlaceObserver(const Machine& machine, const Request& request);
+  void GuessPlace(const Machine& machine);
+  Place StoredPlace();
+  void ReadMinimumElevation(const Request& request);
   void ReadSatellites();
 
   std::ostream& err_;

@@ -186,6 +186,18 @@ std::string Passes(int count) {
   return std::to_string(count) + (count == 1 ? " pass" : " passes");
 }
 
+std::string DayText(SerialDate day) {
+  const platform::DateParts parts = platform::SplitSerial(day);
+  return orbit::DateText(static_cast<std::int16_t>(parts.day), static_cast<std::int16_t>(parts.month),
+                         static_cast<std::int16_t>(parts.year));
+}
+
+std::string WhenOf(const PassSubject& subject) {
+  if (subject.days < 1) return ", which asks for no day";
+  if (subject.days == 1) return " on " + DayText(subject.firstDay);
+  return " from " + DayText(subject.firstDay) + " to " + DayText(subject.firstDay + subject.days - 1);
+}
+
 /// Puts the engine's observer elsewhere, and back whatever happens.
 class MovedObserver {
  public:
@@ -246,8 +258,11 @@ PassTally& PassTally::operator+=(const PassTally& more) {
   return *this;
 }
 
-std::string StatusText(const PassTally& tally) {
-  std::string text = tally.listed == 0 ? "No passes" : Passes(tally.listed);
+std::string StatusText(const PassTally& tally, const PassSubject& subject, int rowsInList) {
+  std::string text = (tally.listed == 0 ? "No passes" : Passes(tally.listed)) + " of " + subject.name + WhenOf(subject);
+  if (rowsInList != tally.listed) {
+    text += ", " + std::to_string(rowsInList) + (rowsInList == 1 ? " row" : " rows") + " in the list";
+  }
   if (tally.otherOffset) text += "; times use today's UTC offset, not that of the day";
   if (tally.belowMinimum > 0) {
     text += "; " + Passes(tally.belowMinimum) + " below the minimum elevation of the main settings left out";

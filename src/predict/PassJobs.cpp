@@ -103,6 +103,42 @@ std::string TextOf(const JobRecord& job) {
   return text + AsLine(job.days) + AsLine(job.save) + AsLine(job.print);
 }
 
+/// A new record would not be listed behind blank lines.
+void DropBlankEnd(std::string& content) {
+  const std::string_view bytes = content;
+  const std::size_t start = platform::BeginsWith(bytes, kByteOrderMark) ? kByteOrderMark.size() : 0;
+  const std::size_t last = bytes.substr(start).find_last_not_of(" \t\r\n");
+  if (last == std::string_view::npos) return content.resize(start);
+  const std::size_t end = bytes.find_first_of("\r\n", start + last);
+  if (end == std::string_view::npos) return;
+  content.resize(end + (bytes.substr(end, kCrLf.size()) == kCrLf ? kCrLf.size() : 1));
+}
+
+void AppendRecord(std::string record) {
+  const auto hold = platform::HoldAppDir();  // another copy may add one at this moment
+  std::string content = BytesOnDisk();
+  bool latin1 = false;
+  const std::string asUtf8 = platform::ToUtf8(content, &latin1);
+  if (latin1) {
+    const std::string recordLatin1 = platform::ToLatin1(record);
+    const bool fits = platform::ToUtf8(recordLatin1) == record;
+    if (fits) record = recordLatin1;
+    if (!fits) content = asUtf8;
+  }
+  DropBlankEnd(content);
+  const bool lineIsOpen =
+      !content.empty() && content != kByteOrderMark && content.back() != '\n' && content.back() != '\r';
+  if (lineIsOpen) content += kCrLf;
+  PutInPlace(content + record);
+}
+
+/// The lines of a record, one text.
+std::string RecordText(const Lines& lines, std::size_t nameLine) {
+  std::string text;
+  for (std::size_t i = nameLine; i < EndOfRecord(lines, nameLine); ++i) text += AsLine(lines[i]);
+  return text;
+}
+
 void ReadSatellites(RecordReader& reader, std::string& line, PassJob& job, const FaultTrap& trap) {
   bool more = trap([&] { line = reader.Next(); });
   while (more && IsSatelliteLine(line)) {
@@ -113,6 +149,12 @@ void ReadSatellites(RecordReader& reader, std::string& line, PassJob& job, const
 }
 
 }  // namespace
+
+std::string BeyondText(const PassJob& job) {
+  if (job.satelliteCount <= kJobRows) return {};
+  return "the job names " + std::to_string(job.satelliteCount) + " satellites, of which the first " +
+         std::to_string(kJobRows) + " are used";
+}
 
 std::vector<std::string> ListJobs() {
   const FaultTrap trap{"PassPred-FormLoad"};
@@ -169,19 +211,7 @@ std::optional<JobRecord> ReadJobRecord(std::string_view name) {
 }
 
 void AppendJob(const JobRecord& job) {
-  const auto hold = platform::HoldAppDir();  // another copy may add one at this moment
-  std::string content = BytesOnDisk();
-  std::string record = TextOf(job);
-  bool latin1 = false;
-  const std::string asUtf8 = platform::ToUtf8(content, &latin1);
-  if (latin1) {
-    const std::string recordLatin1 = platform::ToLatin1(record);
-    const bool fits = platform::ToUtf8(recordLatin1) == record;
-    if (fits) record = recordLatin1;
-    if (!fits) content = asUtf8;
-  }
-  if (!content.empty() && content.back() != '\n' && content.back() != '\r') content += kCrLf;
-  PutInPlace(content + record);
+  AppendRecord(TextOf(job));
 }
 
 bool RemoveJob(std::string_view name) {
@@ -200,6 +230,35 @@ bool RemoveJob(std::string_view name) {
   if (platform::BeginsWith(content, kByteOrderMark)) content.insert(0, kByteOrderMark);
   PutInPlace(content);
   return true;
+}
+
+void KeepEditedJob(std::string_view name) {
+  const Lines lines = platform::SplitLines(BytesOnDisk());
+  const auto at = FindExactly(lines, name);
+  if (!at) throw Fault::InputPastEnd();
+  platform::TheFiles().Replace(InAppDir(kEditedJobFile), RecordText(lines, *at));
+}
+
+void ForgetEditedJob() {
+  if (platform::FileExists(InAppDir(kEditedJobFile))) platform::TheFiles().Remove(InAppDir(kEditedJobFile));
+}
+
+std::optional<std::string> PutBackEditedJob() {
+  if (!platform::FileExists(InAppDir(kEditedJobFile))) return std::nullopt;
+  const Lines kept = platform::SplitLines(platform::TheFiles().Read(InAppDir(kEditedJobFile)));
+  std::optional<std::string> name;
+  if (!kept.empty() && !IsBlank(kept.front())) {
+    // A kill between the copy and the removal leaves the job in both.
+    const Lines lines = platform::SplitLines(BytesOnDisk());
+    const auto at = FindExactly(lines, kept.front());
+    const std::string record = RecordText(kept, 0);
+    if (!at || RecordText(lines, *at) != record) {
+      AppendRecord(record);
+      name = kept.front();
+    }
+  }
+  ForgetEditedJob();
+  return name;
 }
 
 }  // namespace kestrava::predict

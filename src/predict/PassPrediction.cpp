@@ -5,10 +5,12 @@
 #include "platform/Doors.h"
 #include "platform/EventLoop.h"
 #include "platform/Fault.h"
+#include "platform/KeptFile.h"
 #include "platform/Messages.h"
 #include "platform/Text.h"
 #include "predict/GroupSatellites.h"
 #include "predict/JobWindows.h"
+#include "predict/PassCredit.h"
 #include "predict/PassSort.h"
 #include "predict/PassWizard.h"
 
@@ -22,6 +24,13 @@ using platform::ToInt16;
 namespace {
 
 constexpr std::string_view kSaveName = "Kestrava.txt";
+constexpr std::string_view kPrintedUnchosen = "The printer dialog was cancelled: the list went to the default printer.";
+constexpr std::string_view kNoPrinter =
+    "No printer was found, so nothing was printed. \"Print to File\" in the printer dialog makes a PDF.";
+constexpr std::string_view kNoDefaultPrinter =
+    "The printer dialog was cancelled and there is no default printer, so nothing was printed. \"Print to File\" in "
+    "the "
+    "dialog makes a PDF.";
 constexpr std::string_view kSaveTitle = "Save Predicted results to file";
 
 /// A combo that still shows its prompt: the prompts all hold this.
@@ -56,6 +65,10 @@ CalendarDay DayOf(SerialDate date) {
   return {ToInt16(parts.day), ToInt16(parts.month), ToInt16(parts.year)};
 }
 
+SerialDate SerialOf(const CalendarDay& day) {
+  return platform::MakeSerial({day.year, day.month, day.day, 0, 0, 0});
+}
+
 }  // namespace
 
 void PassPrediction::Load() {
@@ -63,6 +76,10 @@ void PassPrediction::Load() {
   trap([&] { view_.ApplySkin(); });
   trap([&] { view_.SetCalendar(DayOf(orbit::NowLocal())); });
   trap([&] { AddGroupNames(sky_.tables, view_.Groupname()); });
+  trap([&] {  // one that a run left in its wizard when it was killed
+    JobEditor* editor = FindJobEditor();
+    if (!editor || !editor->Wizard().HoldsEditedJob()) PutBackEditedJob();
+  });
   for (const std::string& job : ListJobs()) view_.ListPresets().Add(job);
   trap([&] {
     for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
@@ -108,8 +125,22 @@ void PassPrediction::CalcClicked() {
   }
   // The satellite of a chosen group counts even where it is still a prompt: it then has no passes.
   const std::string satellite = IsPrompt(group) ? favourite : view_.SatelliteName().Text();
+  Calculate(satellite);
+}
+
+void PassPrediction::AgainClicked() {
+  if (!lastSatellite_.empty()) Calculate(std::string(lastSatellite_));
+}
+
+void PassPrediction::Calculate(const std::string& satellite) {
+  const CalendarDay day = view_.Calendar();
+  const int first = table_.RowCount();
   PassTally tally;
-  if (CalcDay(satellite, view_.Calendar(), tally)) view_.ShowStatus(StatusText(tally));
+  view_.ClearSorting();
+  if (!CalcDay(satellite, day, tally)) return;
+  if (!IsPrompt(satellite)) lastSatellite_ = satellite;
+  if (first < table_.RowCount()) view_.ShowRow(first);
+  view_.ShowStatus(StatusText(tally, {satellite, SerialOf(day)}, table_.RowCount()));
 }
 
 /// One calculation and what it leaves in the window. @return false if the window was closed in its yield
@@ -144,6 +175,7 @@ void PassPrediction::SortChronClicked() {
 }
 
 void PassPrediction::ClearResultsClicked() {
+  view_.ClearSorting();
   printed_.Clear();
   table_.Clear();
   view_.RowsChanged();
@@ -156,24 +188,37 @@ void PassPrediction::SaveResultsClicked() {
 void PassPrediction::SaveRows() {
   const auto chosen = view_.ChooseSaveFile(kSaveTitle, kSaveName);
   if (!open_) return;
-  // The dialog keeps its first name when it is cancelled, and the text is written all the same.
+  // The dialog keeps its first name when it is cancelled, and the text is written all the same. What stands there was
+  // not meant to be replaced.
   const std::filesystem::path file = chosen ? *chosen : view_.CurrentFolder() / kSaveName;
-  AssemblePasses(printed_, SaveCredit(), table_);
+  std::optional<std::filesystem::path> kept;
+  AssemblePasses(printed_, SaveCredit(CreditFacts(sky_.engine, table_)), table_);
   try {
+    if (!chosen) kept = platform::KeepUnderOtherName(file);
     platform::TheFiles().Replace(file, printed_.PlainText() + "\r\n");
   } catch (const platform::Fault& fault) {
+    if (kept) platform::TheFiles().Rename(*kept, file);
     TheMessages().Show("The predictions could not be saved as " + file.string() + ": " + fault.what() +
                        ". Nothing was written there, and the list is as it was.");
     return;
+  }
+  if (kept) {
+    view_.ShowStatus("Saved without a choice of a file. What stood in " + file.filename().string() +
+                     " before is kept beside it as " + kept->filename().string() + ".");
   }
   TheMessages().Show("Predictions saved as " + file.string());
 }
 
 void PassPrediction::PrintClicked() {
-  Ignoring([&] { view_.OpenPrinterDialog(); });
+  bool chosen = true;
+  Ignoring([&] { chosen = view_.OpenPrinterDialog(); });
   if (!open_) return;
-  Ignoring([&] { AssemblePasses(printed_, PrintCredit(), table_); });
-  Ignoring([&] { view_.Print(printed_, kPrintFont); });
+  Ignoring([&] { AssemblePasses(printed_, PrintCredit(CreditFacts(sky_.engine, table_)), table_); });
+  Ignoring([&] {
+    const bool isPrinted = view_.Print(printed_, kPrintFont);
+    if (isPrinted && !chosen) view_.ShowStatus(kPrintedUnchosen);
+    if (!isPrinted) view_.ShowStatus(chosen ? kNoPrinter : kNoDefaultPrinter);
+  });
 }
 
 void PassPrediction::MinClicked() {

@@ -59,24 +59,32 @@ void PassPrediction::PresetGoClicked() {
     TheMessages().Show("You must select a preset first");
     return;
   }
-  const auto job = ReadJob(view_.ListPresets().Row(row));
+  const std::string name = view_.ListPresets().Row(row);
+  const auto job = ReadJob(name);
   if (!job) {
     TheMessages().Show("There was a problem finding that Job");
     return;
   }
-  RunJob(*job);
+  RunJob(name, *job);
 }
 
-void PassPrediction::RunJob(const PassJob& job) {
+void PassPrediction::RunJob(const std::string& name, const PassJob& job) {
+  const CalendarDay start = view_.Calendar();
   PassTally tally;
   bool whole = false;
+  view_.ClearSorting();
+  firstRowToShow_ = table_.RowCount();
   {
     const JobFlag running(jobRunning_);
     whole = RunJobDays(job, tally);
   }
   if (!open_) return;
   view_.ShowWork(0, 0);
-  view_.ShowStatus(whole ? StatusText(tally) : "Stopped. " + StatusText(tally));
+  const PassSubject subject{"the job '" + name + "'",
+                            platform::MakeSerial({start.year, start.month, start.day, 0, 0, 0}), job.days};
+  std::string status = StatusText(tally, subject, table_.RowCount());
+  if (const std::string beyond = BeyondText(job); !beyond.empty()) status += " Mind that " + beyond + ".";
+  view_.ShowStatus(whole ? status : "Stopped. " + status);
   if (!whole) return;
   if (job.save) SaveResultsClicked();
   if (job.print && open_) PrintClicked();
@@ -98,12 +106,20 @@ bool PassPrediction::RunJobDays(const PassJob& job, PassTally& tally) {
         const platform::DateParts day = platform::SplitSerial(date);
         view_.ShowWork(done, total);
         goOn = CalcDay(satellite, {ToInt16(day.day), ToInt16(day.month), ToInt16(day.year)}, tally);
+        if (goOn) ShowFirstRow();
       });
       ++done;
       if (!goOn || !open_ || stops_ != stops) return false;
     }
   }
   return true;
+}
+
+/// Once, so that the user may scroll while the job goes on. A list that was cleared meanwhile shows what it has.
+void PassPrediction::ShowFirstRow() {
+  if (!firstRowToShow_ || *firstRowToShow_ >= table_.RowCount()) return;
+  view_.ShowRow(*firstRowToShow_);
+  firstRowToShow_.reset();
 }
 
 void PassPrediction::PresetAddClicked() {
@@ -147,8 +163,11 @@ void PassPrediction::StartEditor(int row) {
     return;
   }
   editor->Wizard().Edit(*job);
-  // From here on the job stands in the wizard alone, until it is saved there.
+  editor->Wizard().PutBack();  // one that stood there before: the form now bears this one's name
+  // From here on the job stands in the wizard alone, until it is saved there; the copy is for an end that nobody chose.
+  KeepEditedJob(name);
   RemoveJob(name);
+  editor->Wizard().TakeOver(*job);
   view_.ListPresets().Remove(row);
 }
 

@@ -1,5 +1,8 @@
 #include "predict/PassWizard.h"
 
+#include <cstdint>
+#include <utility>
+
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Format.h"
@@ -24,19 +27,37 @@ const std::string_view kWizardHelp =
 
 namespace {
 
+constexpr platform::FaultTrap kUnloadTrap{"PassWizard-FormUnload"};
+constexpr int kDaysOfAYear = 365;
+
 bool IsBlank(std::string_view text) {
   return platform::Trim(text).empty();
 }
 
 }  // namespace
 
+std::string WarningOf(std::string_view days, int satellites) {
+  std::string warning;
+  if (satellites > kJobRows) warning = "A job runs its first " + std::to_string(kJobRows) + " satellites. ";
+  const double number = platform::Val(days);
+  if (number > INT16_MAX) return warning + "A job of more than " + std::to_string(INT16_MAX) + " days lists nothing.";
+  if (number > kDaysOfAYear) return warning + "More than a year: long to wait for, and farther than elements reach.";
+  return warning;
+}
+
 void PassWizard::Load() {
   const platform::FaultTrap trap{"PassWizard-FormLoad"};
   trap([&] { view_.PlaceByPassWindow(kWizardOffsetTwips); });
   trap([&] { view_.ApplySkin(); });
   trap([&] { AddGroupNames(tables_, view_.COMgroup()); });
+  FormChanged();
   view_.COMgroup().SetText("Select a Group");
   view_.COMsatname().SetText("Select a Satellite");
+}
+
+void PassWizard::Unload() {
+  open_ = false;
+  PutBack();
 }
 
 void PassWizard::GroupClicked() {
@@ -55,6 +76,7 @@ void PassWizard::AddClicked() {
     return;
   }
   view_.SatList().Add(view_.COMsatname().Text());
+  FormChanged();
 }
 
 void PassWizard::RemoveClicked() {
@@ -64,6 +86,7 @@ void PassWizard::RemoveClicked() {
     return;
   }
   view_.SatList().Remove(row);
+  FormChanged();
 }
 
 void PassWizard::SaveJobClicked() {
@@ -76,9 +99,9 @@ void PassWizard::SaveJobClicked() {
 }
 
 void PassWizard::SaveJob() {
-  JobRecord job;
-  job.name = platform::Trim(view_.Tname());
-  job.days = platform::Trim(view_.Tnumofdays());
+  JobRecord job = Form();
+  job.name = std::string(platform::Trim(job.name));
+  job.days = std::string(platform::Trim(job.days));
   if (job.name.empty()) {
     TheMessages().Show("you must choose a job name");
   } else if (job.days.empty()) {
@@ -86,20 +109,28 @@ void PassWizard::SaveJob() {
   } else if (view_.SatList().Count() == 0) {
     TheMessages().Show("You havn't chosen any satellites");
   } else {
-    for (int row = 0; row < view_.SatList().Count(); ++row) job.satellites.push_back(view_.SatList().Row(row));
-    job.save = view_.CHsave() ? "1" : "0";
-    job.print = view_.CHprint() ? "1" : "0";
     AppendJob(job);
+    GiveUpCopy();
     if (JobListing* listing = FindJobListing()) listing->AddJob(job.name);
     view_.EndWindow();
   }
 }
 
 void PassWizard::CancelClicked() {
-  if (MayClose()) view_.EndWindow();
+  if (!AskToLose()) return;
+  GiveUpCopy();
+  view_.EndWindow();
 }
 
 bool PassWizard::MayClose() {
+  if (edited_.empty()) return AskToLose();
+  if (Form() == asTakenOver_) return true;
+  return TheMessages().AskYesNo(
+      "The job '" + edited_ + "' goes back to the list as it was before, without your changes. Close the wizard ?",
+      "Close Job Wizard");
+}
+
+bool PassWizard::AskToLose() {
   return TheMessages().AskYesNo("You will loose the information for this job, Are you sure ?", "Cancel Job");
 }
 
@@ -113,6 +144,36 @@ void PassWizard::Edit(const JobRecord& job) {
   view_.SetTnumofdays(platform::NumberText(platform::ParseNumber(job.days)));
   if (job.save == "1") view_.SetCHsave(true);
   if (job.print == "1") view_.SetCHprint(true);
+  FormChanged();
+}
+
+void PassWizard::TakeOver(const JobRecord& job) {
+  edited_ = job.name;
+  asTakenOver_ = Form();
+}
+
+void PassWizard::PutBack() {
+  if (std::exchange(edited_, {}).empty()) return;
+  kUnloadTrap([] {
+    const auto name = PutBackEditedJob();
+    if (JobListing* listing = FindJobListing(); listing && name) listing->AddJob(*name);
+  });
+}
+
+/// A copy that stays would only come back: its job is in the file, or was given up by the user.
+void PassWizard::GiveUpCopy() {
+  if (std::exchange(edited_, {}).empty()) return;
+  kUnloadTrap([] { ForgetEditedJob(); });
+}
+
+void PassWizard::FormChanged() {
+  view_.ShowWarning(WarningOf(view_.Tnumofdays(), view_.SatList().Count()));
+}
+
+JobRecord PassWizard::Form() const {
+  JobRecord form{view_.Tname(), {}, view_.Tnumofdays(), view_.CHsave() ? "1" : "0", view_.CHprint() ? "1" : "0"};
+  for (int row = 0; row < view_.SatList().Count(); ++row) form.satellites.push_back(view_.SatList().Row(row));
+  return form;
 }
 
 }  // namespace kestrava::predict

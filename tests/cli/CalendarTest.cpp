@@ -68,7 +68,7 @@ TEST_F(Calendar, AnIndependentReaderFindsEveryPass) {
   EXPECT_EQ(events.size(), passes.size());
   for (const Json& pass : passes) {
     const std::string uid = std::to_string(pass["catalogue_number"].get<int>()) + "-" +
-                            std::to_string(pass["orbit_number"].get<int>()) + "@kestrava";
+                            std::to_string(pass["orbit_number"].get<int>()) + "-51.5n0e@kestrava";
     ASSERT_TRUE(events.contains(uid)) << uid;
     const std::string day = pass["start_time"].get<std::string>().substr(8, 2);
     EXPECT_EQ(events.at(uid).start.substr(6, 2), day);
@@ -90,6 +90,21 @@ TEST_F(Calendar, ASecondImportReplacesTheFirst) {
     EXPECT_EQ(first.at(uid).start, event.start) << uid;
   }
   EXPECT_GE(common + 2, static_cast<int>(first.size()));
+}
+
+TEST_F(Calendar, PassesOverAnotherPlaceDoNotReplaceTheFirst) {
+  const auto uidsAt = [&](const char* at) {
+    std::set<std::string> uids;
+    const auto events = EventsOf({"passes", "25544", "--days", "2", "--format", "ical", "--at", at});
+    for (const auto& [uid, event] : events) uids.insert(uid);
+    return uids;
+  };
+  const std::set<std::string> here = uidsAt("51.5,0,30");
+  EXPECT_EQ(uidsAt("51.5001,-0.0001,80"), here) << "the same house, measured better";
+  for (const std::string& uid : uidsAt("52.3,-0.1")) {
+    EXPECT_FALSE(here.contains(uid)) << uid;
+    EXPECT_TRUE(uid.ends_with("-52.3n0.1w@kestrava")) << uid;
+  }
 }
 
 TEST_F(Calendar, PassesOfOneOrbitKeepDifferentNamesWhereverTheListBegins) {

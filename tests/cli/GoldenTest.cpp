@@ -54,6 +54,7 @@ TEST_F(Golden, EveryCommandInEveryFormatIsAsItWas) {
   const std::vector<std::string> all{"text", "csv", "json", "ical"};
   CompareAll({"passes", "ISS (ZARYA)", "NOAA 15", "38552"}, "passes", all);
   CompareAll({"job", "Morning"}, "job", all);
+  CompareAll({"jobs"}, "jobs", data);
   CompareAll({"next"}, "next", data);
   CompareAll({"where", "ISS (ZARYA)", "38552", "--at", "-33.9,151.2,20"}, "where", data);
   CompareAll({"list", "groups"}, "groups", data);

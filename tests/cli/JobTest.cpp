@@ -31,7 +31,7 @@ class Job : public Terminal {
       for (const std::string& name : satellites)
         predict::CalcResults({tables, engine}, table, name, static_cast<std::int16_t>(day), 11, 2026, false);
     }
-    std::vector<std::string> rows{std::string(predict::kPassHeading)};
+    std::vector<std::string> rows{kLondonLine, std::string(predict::kPassHeading)};
     for (const predict::PassRow& row : table.Rows()) rows.push_back(predict::RowText(row));
     return rows;
   }
@@ -50,7 +50,44 @@ TEST_F(Job, DataHoldThePassesThatEndOnItsDays) {
   EXPECT_EQ(json["job"], "Morning");
   EXPECT_EQ(json["from"], "2026-11-15T00:00:00.000+00:00");
   EXPECT_EQ(json["to"], "2026-11-17T00:00:00.000+00:00");
-  EXPECT_EQ(json["passes"].size() + 1, WindowRows({"ISS (ZARYA)", "NOAA 15"}, 15, 2).size());
+  EXPECT_EQ(json["passes"].size() + 2, WindowRows({"ISS (ZARYA)", "NOAA 15"}, 15, 2).size());
+}
+
+TEST_F(Job, TheEndSaysWhatWasWorkedOut) {
+  const Answer answer = Run({"job", "Morning"});
+  EXPECT_EQ(answer.err, "kestrava: " + std::to_string(answer.Lines().size() - 2) +
+                            " passes of the job 'Morning' from 15 NOV 2026 to 16 NOV 2026.\n");
+}
+
+TEST_F(Job, JobsListsTheSavedOnes) {
+  const Answer text = Run({"jobs"});
+  EXPECT_EQ(text.code, 0) << text.err;
+  EXPECT_EQ(text.Lines(), (std::vector<std::string>{
+                              "Job      Days  Satellites  Saves  Prints", "Morning     2           2  Yes    Yes",
+                              "Gone        1           1  No     No", "None        0           1  No     No"}));
+  const Json json = Run({"jobs", "--format", "json"}).OutAsJson()["jobs"];
+  EXPECT_EQ(json[0]["satellites"], (Json{"ISS (ZARYA)", "NOAA 15"}));
+  EXPECT_EQ(Run({"jobs", "--format", "csv"}).Lines()[1], "Morning,2,2,ISS (ZARYA);NOAA 15,true,true");
+  files.Remove("/house/pass.dat");
+  EXPECT_EQ(Run({"jobs"}).code, 1);
+  EXPECT_EQ(Run({"jobs"}).err, "kestrava: there are no saved jobs in /house/\n");
+}
+
+TEST_F(Job, OneThatARunLeftInItsWizardIsThere) {
+  Put("pass.edit", "Evening\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
+  const int changes = files.ChangeCount();
+  EXPECT_EQ(Run({"jobs"}).Lines().size(), 5u);
+  EXPECT_EQ(Run({"job", "Evening"}).code, 0);
+  EXPECT_EQ(files.ChangeCount(), changes);
+}
+
+TEST_F(Job, MoreSatellitesThanAJobTakesAreSaidInOneSentence) {
+  std::string job = "Many\r\n";
+  for (int i = 0; i < 80; ++i) job += "ISS (ZARYA);\r\n";
+  Put("pass.dat", job + "1\r\n0\r\n0\r\n");
+  const std::string err = Run({"job", "Many"}).err;
+  EXPECT_NE(err.find("the job names 80 satellites, of which the first 50 are used\n"), std::string::npos) << err;
+  EXPECT_EQ(err.find("Subscript"), std::string::npos) << err;
 }
 
 TEST_F(Job, AnotherDayAndElevationMayBeAskedFor) {
@@ -69,6 +106,7 @@ TEST_F(Job, AnUnknownJobIsToldWithNearOnes) {
   const Answer answer = Run({"job", "mornin"});
   EXPECT_EQ(answer.code, 1);
   EXPECT_NE(answer.err.find("no job is called 'mornin'. Did you mean 'Morning'?"), std::string::npos) << answer.err;
+  EXPECT_NE(Run({"job", "Zyzzyva"}).err.find("kestrava jobs lists them all"), std::string::npos);
   files.Remove("/house/pass.dat");
   EXPECT_NE(Run({"job", "Morning"}).err.find("there are no saved jobs"), std::string::npos);
 }
@@ -87,7 +125,7 @@ TEST_F(Job, AJobOfNoDaysFindsNothing) {
 TEST_F(Job, ASatelliteThatStandsThereTwiceHasItsRowsTwiceAndItsPassesOnce) {
   Put("pass.dat", "Twice\r\nISS (ZARYA);\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
   EXPECT_EQ(Run({"job", "Twice"}).Lines(), WindowRows({"ISS (ZARYA)", "ISS (ZARYA)"}, 15, 1));
-  EXPECT_EQ(Run({"job", "Twice", "--format", "json"}).OutAsJson()["passes"].size() + 1,
+  EXPECT_EQ(Run({"job", "Twice", "--format", "json"}).OutAsJson()["passes"].size() + 2,
             WindowRows({"ISS (ZARYA)"}, 15, 1).size());
 }
 

@@ -73,10 +73,25 @@ TEST_F(Lookups, WhereKeysNameUnitsAndDirections) {
 
 TEST_F(Lookups, WhereTextIsAligned) {
   const std::vector<std::string> lines = Run({"where", "25544", "NOAA 15", "38552"}).Lines();
-  ASSERT_EQ(lines.size(), 4u);
-  EXPECT_EQ(lines[0].substr(0, 9), "Satellite");
-  const std::size_t time = lines[0].find("Time");
-  for (std::size_t i = 1; i < lines.size(); ++i) EXPECT_EQ(lines[i].substr(time, 11), "15 NOV 2026") << lines[i];
+  ASSERT_EQ(lines.size(), 5u);
+  EXPECT_EQ(lines[0], kLondonLine);
+  EXPECT_EQ(lines[1].substr(0, 9), "Satellite");
+  const std::size_t time = lines[1].find("Time");
+  for (std::size_t i = 2; i < lines.size(); ++i) EXPECT_EQ(lines[i].substr(time, 11), "15 NOV 2026") << lines[i];
+}
+
+TEST_F(Lookups, CsvOfEveryAnswerFromAPlaceNamesIt) {
+  for (const std::vector<std::string>& question : {std::vector<std::string>{"next", "25544"}, {"where", "25544"}}) {
+    std::vector<std::string> words = question;
+    words.insert(words.end(), {"--format", "csv"});
+    const std::vector<std::string> lines = Run(words).Lines();
+    ASSERT_EQ(lines.size(), 2u);
+    EXPECT_TRUE(
+        lines[0].ends_with(",observer_name,observer_latitude_north_deg,observer_longitude_east_deg,observer_height_m"))
+        << lines[0];
+    EXPECT_TRUE(lines[1].ends_with(",London,51.5,0,30")) << lines[1];
+  }
+  EXPECT_EQ(Run({"list", "groups", "--format", "csv"}).out.find("observer"), std::string::npos);
 }
 
 TEST_F(Lookups, AMomentThatTheElementsDoNotReachIsToldByName) {
@@ -92,13 +107,13 @@ constexpr const char* kGoneSet =
     "2 41939 051.6147 038.9582 0001091 231.1728 128.9202 16.43639489055773\n";
 
 TEST_F(Lookups, WhereAnswersDashesForOneWhoseElementsGiveNoPosition) {
-  Put("stations.txt", kGoneSet + Shipped("weather.txt"));
+  Put("stations.txt", kGoneSet + testing::StationFile("weather.txt"));
   const Answer text = Run({"where", "OSNSAT", "NOAA 15"});
   EXPECT_EQ(text.code, 0) << text.err;
   const std::vector<std::string> lines = text.Lines();
-  ASSERT_EQ(lines.size(), 3u) << text.out;
-  EXPECT_TRUE(lines[1].starts_with("OSNSAT ")) << lines[1];
-  EXPECT_EQ(std::count(lines[1].begin(), lines[1].end(), '-'), 7) << lines[1];
+  ASSERT_EQ(lines.size(), 4u) << text.out;
+  EXPECT_TRUE(lines[2].starts_with("OSNSAT ")) << lines[2];
+  EXPECT_EQ(std::count(lines[2].begin(), lines[2].end(), '-'), 7) << lines[2];
   EXPECT_NE(text.err.find("OSNSAT: No position"), std::string::npos) << text.err;
   const Json row = Run({"where", "OSNSAT", "NOAA 15", "--format", "json"}).OutAsJson()["satellites"][0];
   EXPECT_EQ(row["catalogue_number"], 41939);
@@ -114,7 +129,7 @@ TEST_F(Lookups, WhereOfNoneWithAPositionIsNotFound) {
 }
 
 TEST_F(Lookups, NextDoesNotSayWhetherOneWithoutAPositionIsInView) {
-  Put("stations.txt", kGoneSet + Shipped("weather.txt"));
+  Put("stations.txt", kGoneSet + testing::StationFile("weather.txt"));
   const Json rows = Run({"next", "NOAA 15", "OSNSAT", "--format", "json"}).OutAsJson()["next"];
   ASSERT_EQ(rows.size(), 2u);
   EXPECT_EQ(rows[1]["satellite"], "OSNSAT");

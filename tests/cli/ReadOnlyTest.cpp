@@ -37,16 +37,33 @@ TEST_F(ReadOnly, FaultsGoToTheErrorStream) {
   const Answer answer = Run({"list", "favourites", "--format", "csv"});
   EXPECT_EQ(answer.code, 0);
   EXPECT_EQ(answer.Lines().size(), 2u);
-  EXPECT_NE(answer.err.find("NOBODY KNOWS"), std::string::npos) << answer.err;
+  EXPECT_EQ(answer.err, "kestrava: the favourite 'NOBODY KNOWS' is in no element file\n")
+      << "nothing is said of a file that would be kept: none is";
   files.Remove("/house/groups.dat");
-  EXPECT_NE(Run({"list", "groups"}).err.find("File not found"), std::string::npos);
+  EXPECT_NE(Run({"list", "groups"}).err.find("groups.dat cannot be read: File not found"), std::string::npos);
+}
+
+TEST_F(ReadOnly, NoMessageBearsTheNameOfAProcedure) {
+  Put("faves.dat", "NOBODY KNOWS\r\nISS (ZARYA)\r\n");
+  Put("pass.dat", "Odd\r\nISS (ZARYA);\r\nseven\r\n0\r\n0\r\nBroken\r\nISS (ZARYA);\r\n");
+  PutSettings("Latitude=51.5\nLongitude=0\nWxEL=high\n");
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"list", "favourites"},
+                                                    {"job", "Odd"},
+                                                    {"job", "Broken"},
+                                                    {"jobs"},
+                                                    {"passes", "25544"}}) {
+    const Answer answer = Run(arguments);
+    EXPECT_NE(answer.err, "") << arguments[0];
+    for (const char* name : {"Global ", "PassPred", "Command line", "FormLoad"})
+      EXPECT_EQ(answer.err.find(name), std::string::npos) << answer.err;
+  }
 }
 
 TEST_F(ReadOnly, ThePlaceOfTheRunIsPutBack) {
   platform::AppDir = "/elsewhere/";
   Run({"passes", "25544"});
   EXPECT_EQ(platform::AppDir, "/elsewhere/");
-  Run({"passes", "25544", "--data", "/nowhere"});
+  EXPECT_EQ(Run({"passes", "25544", "--data", "/nowhere"}).code, 2);
   EXPECT_EQ(platform::AppDir, "/elsewhere/");
 }
 
@@ -56,23 +73,48 @@ TEST_F(ReadOnly, WithoutAFolderTheShippedDataServeUnseeded) {
   files.Put("/config/settings.conf", "");
   machine_.shippedData = "/shipped";
   machine_.place = [] { return store::ZonePlace{"America/New_York", 40.7142, -74.0064}; };
-  const Answer answer = Run({"passes", "25544", "--data", "/new", "--format", "json", "--days", "3"});
+  machine_.chooseFolder = [](const std::string&) { return "/new/"; };
+  const Answer answer = Run({"passes", "25544", "--format", "json", "--days", "3"});
   EXPECT_EQ(answer.code, 0) << answer.err;
   EXPECT_EQ(answer.OutAsJson()["observer"]["name"], "New York");
   EXPECT_NEAR(answer.OutAsJson()["observer"]["longitude_east_deg"].get<double>(), -74.0064, 1e-9);
   EXPECT_NE(answer.err.find("/new/ holds no data yet"), std::string::npos);
   EXPECT_FALSE(files.FolderExists("/new"));
   machine_.shippedData.clear();
-  EXPECT_EQ(Run({"list", "--data", "/new"}).code, 1);
+  EXPECT_EQ(Run({"list"}).code, 1);
+}
+
+TEST_F(ReadOnly, APlaceThatNobodyHasEnteredIsGuessedByTheTimeZoneAndSaid) {
+  PutSettings("WxEL=7\n");
+  machine_.place = [] { return store::ZonePlace{"America/New_York", 40.7142, -74.0064}; };
+  const Answer answer = Run({"where", "25544"});
+  EXPECT_EQ(answer.code, 0);
+  EXPECT_EQ(answer.Lines()[0], "Place: New York, 40.7142 N, 74.0064 W, 0 m");
+  EXPECT_EQ(answer.err,
+            "kestrava: no place has been entered: New York, 40.7142 N, 74.0064 W, 0 m is guessed from the time zone "
+            "America/New_York; --at names another\n");
+  EXPECT_EQ(files.Content("/config/settings.conf"), "WxEL=7\n");
+  EXPECT_EQ(Run({"where", "25544", "--at", "0,0"}).err, "") << "a place that is given needs no guess";
+}
+
+TEST_F(ReadOnly, APlaceThatNothingTellsIsAskedFor) {
+  files.Remove("/config/settings.conf");
+  const Answer answer = Run({"where", "25544"});
+  EXPECT_EQ(answer.code, 1);
+  EXPECT_EQ(answer.out, "");
+  EXPECT_EQ(
+      answer.err,
+      "kestrava: no place has been entered, and the machine's time zone tells none: name one with --at LAT,LON\n");
 }
 
 TEST_F(ReadOnly, DamagedSettingsAreToldAndLeftAlone) {
   const std::string noText(20, '\0');
   PutSettings(noText);
+  machine_.place = [] { return store::ZonePlace{"Europe/Berlin", 52.5, 13.3667}; };
   const Answer answer = Run({"where", "25544", "--format", "json"});
   EXPECT_EQ(answer.code, 0);
   EXPECT_NE(answer.err.find("damaged"), std::string::npos);
-  EXPECT_EQ(answer.OutAsJson()["observer"]["latitude_north_deg"], 0.0);
+  EXPECT_EQ(answer.OutAsJson()["observer"]["name"], "Berlin") << "and not 0 N 0 E, where nobody is";
   EXPECT_EQ(files.Content("/config/settings.conf"), noText);
 }
 

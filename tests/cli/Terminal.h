@@ -50,6 +50,9 @@ class Terminal : public testing::House {
     machine_.place = [] { return std::optional<store::ZonePlace>(); };
   }
 
+  /// The line above every table for the place of the settings.
+  static constexpr const char* kLondonLine = "Place: London, 51.5 N, 0 E, 30 m";
+
   void PutSettings(const std::string& text) { files.Put("/config/settings.conf", text); }
 
   Answer Run(const std::vector<std::string>& arguments) {

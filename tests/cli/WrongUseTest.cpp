@@ -16,6 +16,8 @@ TEST_F(WrongUse, BadValuesEndWithTwoAndSayWhy) {
       {"--data=x", "--colour", "red"},
       {"--data"},
       {"--data", "x", "--tour"},
+      {"list", "--data", ""},
+      {"list", "--data="},
       {"-"},
       {""},
       {"pases", "25544"},
@@ -53,7 +55,12 @@ TEST_F(WrongUse, BadValuesEndWithTwoAndSayWhy) {
       {"passes", "25544", "--from", "NaN"},
       {"passes", "25544", "--at", ""},
       {"passes", "25544", "--at", "51.5"},
-      {"passes", "25544", "--at", "51.5,0"},
+      {"passes", "25544", "--at", "JN4"},
+      {"passes", "25544", "--at", "JN47p"},
+      {"passes", "25544", "--at", "SN47"},
+      {"passes", "25544", "--at", "JN47py"},
+      {"passes", "25544", "--at", "47JN"},
+      {"passes", "25544", "--at", "JN47phJN47"},
       {"passes", "25544", "--at", "51.5,0,0,0"},
       {"passes", "25544", "--at", "91,0,0"},
       {"passes", "25544", "--at", "51.5,361,0"},
@@ -102,6 +109,37 @@ TEST_F(WrongUse, AnUnknownOptionIsToldBeforeAnyWindowIsTried) {
   EXPECT_EQ(Run({"--data"}).err, "kestrava: --data wants a folder\n");
 }
 
+TEST_F(WrongUse, ANamedFolderThatIsNoneIsToldWithItsPathAndNotAnsweredFromOtherData) {
+  files.Put("/shipped/groups.dat", testing::StationFile("groups.dat"));
+  files.Put("/shipped/stations.txt", testing::StationFile("stations.txt"));
+  machine_.shippedData = "/shipped";
+  const Answer missing = Run({"where", "25544", "--data", "/nowhere/here"});
+  EXPECT_EQ(missing.code, 2);
+  EXPECT_EQ(missing.out, "");
+  EXPECT_EQ(missing.err, "kestrava: --data: /nowhere/here is not there\n");
+  const Answer file = Run({"where", "25544", "--data", "/house/stations.txt"});
+  EXPECT_EQ(file.code, 2);
+  EXPECT_EQ(file.err, "kestrava: --data: /house/stations.txt is a file, not a folder\n");
+}
+
+TEST_F(WrongUse, AnOptionBeforeItsCommandIsToldToStandBehindIt) {
+  const std::string err = Run({"--format", "json", "passes", "25544"}).err;
+  EXPECT_EQ(err, "kestrava: --format stands behind the command, as in: kestrava passes ... --format\n");
+  EXPECT_EQ(Run({"--at=51.5,0", "next"}).err,
+            "kestrava: --at stands behind the command, as in: kestrava next ... --at=51.5,0\n");
+  EXPECT_EQ(Run({"--data", "/house", "next"}).code, 0) << "the folder may stand before it";
+}
+
+TEST_F(WrongUse, WhatIsTooMuchIsNamed) {
+  EXPECT_EQ(Run({"list", "groups", "7"}).err,
+            "kestrava: '7' is one argument too many. kestrava list --help tells what there is\n");
+  EXPECT_NE(Run({"list", "--days", "3"}).err.find("'--days' is no option of this command"), std::string::npos);
+  const std::string four = Run({"passes", "25544", "--at", "51,5,0,1"}).err;
+  EXPECT_NE(four.find("'51,5,0,1' has 4 numbers, and three are the most (the decimal sign is a point)"),
+            std::string::npos)
+      << four;
+}
+
 TEST_F(WrongUse, AnUnknownNameEndsWithOneAndNearNames) {
   const Answer part = Run({"passes", "iss"});
   EXPECT_EQ(part.code, 1);
@@ -146,10 +184,22 @@ TEST_F(WrongUse, HelpAndVersionAnswerEverywhere) {
     EXPECT_NE(help.out.find("North and east are positive"), std::string::npos) << help.out;
   }
   const Answer help = Run({"--help"});
-  for (const auto* word : {"passes", "next", "where", "list", "job", "--data", "--tour"})
+  for (const auto* word : {"passes", "next", "where", "list", "job", "jobs", "--data", "--tour"})
     EXPECT_NE(help.out.find(word), std::string::npos) << word;
   EXPECT_NE(Run({"passes", "--help"}).out.find("--min-elevation"), std::string::npos);
-  EXPECT_NE(Run({"job", "--help"}).out.find("not acted upon"), std::string::npos);
+  EXPECT_NE(Run({"job", "--help"}).out.find("saving and printing"), std::string::npos);
+}
+
+TEST_F(WrongUse, NoLineOfAnyHelpIsLongerThanATerminalIsWide) {
+  for (const char* word : {"", "passes", "next", "where", "list", "job", "jobs"}) {
+    const Answer help = *word == 0 ? Run({"--help"}) : Run({word, "--help"});
+    EXPECT_GT(help.Lines().size(), 8u) << word;
+    for (const std::string& line : help.Lines()) EXPECT_LE(line.size(), 80u) << line;
+  }
+  const std::string passes = Run({"passes", "--help"}).out;
+  EXPECT_NE(passes.find("\n                              midnight), 2026-11-15T20:30 (local),\n"), std::string::npos)
+      << "what goes on stands below its explanation\n"
+      << passes;
 }
 
 TEST_F(WrongUse, WithoutAWordTheWindowsAreMeant) {

@@ -38,6 +38,8 @@ class PassView : public PassPredictionView {
   void RowsChanged() override { ++rowsChanged; }
   void ShowList(bool visible) override { listShown.push_back(visible); }
   void ShowSorting(int value, int maximum) override { sorting.emplace_back(value, maximum); }
+  void ClearSorting() override { ++sortingCleared; }
+  void ShowRow(int row) override { rowsShown.push_back(row); }
   void ShowWork(int done, int total) override { work.emplace_back(done, total); }
   void ShowStatus(std::string_view text) override { status = text; }
   std::optional<std::filesystem::path> ChooseSaveFile(std::string_view title, std::string_view fileName) override {
@@ -47,23 +49,26 @@ class PassView : public PassPredictionView {
     return chosen;
   }
   std::filesystem::path CurrentFolder() const override { return "/documents"; }
-  void OpenPrinterDialog() override {
+  bool OpenPrinterDialog() override {
     happened.push_back("printer dialog");
     if (inDialog) inDialog();
     if (printerFault) throw *printerFault;
+    return printerChosen;
   }
-  void Print(const PrintedText& document, std::string_view font) override {
+  bool Print(const PrintedText& document, std::string_view font) override {
     happened.push_back("print");
     printed = document.PlainText();
     printFont = font;
     if (printerFault) throw *printerFault;
+    return hasPrinter;
   }
 
   testing::RecordingCombo group, satellite, favourite;
   testing::RecordingListBox presets;
   CalendarDay day;
-  bool visibleOnly = false;
-  int skins = 0, minimised = 0, focused = 0, rowsChanged = 0;
+  bool visibleOnly = false, printerChosen = true, hasPrinter = true;
+  int skins = 0, minimised = 0, focused = 0, rowsChanged = 0, sortingCleared = 0;
+  std::vector<int> rowsShown;
   std::vector<bool> listShown;
   std::vector<std::pair<int, int>> sorting, work;
   std::string status, printed, printFont;
@@ -91,10 +96,11 @@ class WizardView : public PassWizardView {
   void SetCHsave(bool ticked) override { save = ticked; }
   bool CHprint() const override { return print; }
   void SetCHprint(bool ticked) override { print = ticked; }
+  void ShowWarning(std::string_view text) override { warning = text; }
 
   testing::RecordingCombo group, satellite;
   testing::RecordingListBox list;
-  std::string name, days;
+  std::string name, days, warning;
   bool save = false, print = false;
   int offset = 0, skins = 0;
   std::function<void()> end;

@@ -51,7 +51,8 @@ TEST_F(JobRun, GoesDayByDayEachDaySatelliteBySatellite) {
   EXPECT_EQ(SatellitesOfRows(), (Names{"NOAA 19", "OSCAR 7 (AO-7)", "NOAA 19", "OSCAR 7 (AO-7)"}));
   EXPECT_EQ(view.work.front(), std::make_pair(0, 4));
   EXPECT_EQ(view.work.back(), std::make_pair(0, 0)) << "the bar is put away";
-  EXPECT_EQ(view.status, std::to_string(Passes().Table().RowCount()) + " passes.");
+  EXPECT_EQ(view.status,
+            std::to_string(Passes().Table().RowCount()) + " passes of the job 'Two' from 15 NOV 2026 to 16 NOV 2026.");
   EXPECT_EQ(view.group.text, "Select Satellite Group");
 }
 
@@ -107,6 +108,27 @@ TEST_F(JobRun, LeavesOutASatelliteBeyondTheFiftieth) {
   Go();
   EXPECT_EQ(TakeFaults(), Names(3, "Subscript out of range - PassPred-PresetGo")) << "once read, twice run";
   EXPECT_TRUE(SatellitesOfRows().empty());
+}
+
+TEST_F(JobRun, SaysThatOnlyTheFirstFiftyWereUsed) {
+  std::string text = "Many\n";
+  for (int i = 1; i <= 80; ++i) text += "HIMAWARI-8;\n";
+  OpenWith(text + "1\n0\n0\n", "Many");
+  Go();
+  TakeFaults();
+  EXPECT_NE(view.status.find("Mind that the job names 80 satellites, of which the first 50 are used."),
+            std::string::npos)
+      << view.status;
+}
+
+TEST_F(JobRun, ShowsItsFirstRowOnceAndClearsTheOldBar) {
+  OpenWith(kTwo, "Two");
+  Go();
+  const int rows = Passes().Table().RowCount();
+  EXPECT_EQ(view.rowsShown, std::vector<int>{0});
+  EXPECT_EQ(view.sortingCleared, 1);
+  Go();
+  EXPECT_EQ(view.rowsShown, (std::vector<int>{0, rows})) << "the first row of this one, and not at each satellite";
 }
 
 TEST_F(JobRun, ASatelliteThatIsNoLongerKnownHasNoRows) {
@@ -214,12 +236,86 @@ TEST_F(JobRun, EditThenCancelLosesTheJob) {
   EXPECT_EQ(messages.Titles().back(), "Cancel Job");
   EXPECT_FALSE(IsOpen(kWizardWindow));
   EXPECT_EQ(Content("pass.dat"), "");
+  EXPECT_FALSE(files.Exists("/house/pass.edit")) << "Yes loses it";
+}
+
+TEST_F(JobRun, AnEditedJobIsBackAsItWasWhenTheWizardEndsByItsFrame) {
+  OpenWith("Two\nNOAA 19;\nOSCAR 7;x;\n 2 \n1\n0\n", "Two");
+  Passes().EditJobClicked();
+  EXPECT_EQ(Content("pass.edit"), "Two\r\nNOAA 19;\r\nOSCAR 7;x;\r\n 2 \r\n1\r\n0\r\n");
+  ASSERT_TRUE(Wizard().MayClose()) << "nothing was changed: there is nothing to ask";
+  windows->Unload(*windows->Find(kWizardWindow));
+  EXPECT_EQ(Content("pass.dat"), "Two\r\nNOAA 19;\r\nOSCAR 7;x;\r\n 2 \r\n1\r\n0\r\n");
+  EXPECT_EQ(view.presets.rows, Names{"Two"});
+  EXPECT_FALSE(files.Exists("/house/pass.edit"));
+}
+
+TEST_F(JobRun, TheFrameAsksWhetherChangesOfAnEditedJobMayBeLost) {
+  OpenWith(kTwo, "Two");
+  Passes().EditJobClicked();
+  wizardView.days = "9";
+  messages.ExpectQuestion("The job 'Two' goes back to the list as it was before, without your changes.", false);
+  EXPECT_FALSE(Wizard().MayClose());
+  messages.ExpectQuestion("The job 'Two' goes back", true);
+  EXPECT_TRUE(Wizard().MayClose());
+  windows->Unload(*windows->Find(kWizardWindow));
+  EXPECT_EQ(Content("pass.dat"), kTwo);
+}
+
+TEST_F(JobRun, AnEditedJobIsBackAfterAKill) {
+  OpenWith(kTwo, "Two");
+  Passes().EditJobClicked();
+  const std::string file = Content("pass.dat");
+  const std::string copy = Content("pass.edit");
+  windows->Unload(*windows->Find(kWizardWindow));
+  windows->Unload(*windows->Find(kPassWindow));
+  eventLoop.RunEvent([] {});
+  Put("pass.dat", file);  // as the kill left them
+  Put("pass.edit", copy);
+  view.presets.rows.clear();
+  Open();
+  EXPECT_EQ(view.presets.rows, Names{"Two"});
+  EXPECT_EQ(Content("pass.dat"), kTwo);
+  EXPECT_FALSE(files.Exists("/house/pass.edit"));
+}
+
+TEST_F(JobRun, APassWindowThatOpensBesideTheWizardLeavesItsJobThere) {
+  OpenWith(kTwo, "Two");
+  Passes().EditJobClicked();
+  windows->Unload(*windows->Find(kPassWindow));
+  eventLoop.RunEvent([] {});
+  view.presets.rows.clear();
+  Open();
+  EXPECT_TRUE(view.presets.rows.empty());
+  EXPECT_TRUE(files.Exists("/house/pass.edit"));
+}
+
+TEST_F(JobRun, AnotherJobInTheSameWizardPutsTheFirstBack) {
+  const std::string other = "Other\r\nX;\r\n1\r\n0\r\n0\r\n";
+  OpenWith(kTwo + other, "Two");
+  Passes().EditJobClicked();
+  Select("Other");
+  Passes().EditJobClicked();
+  EXPECT_EQ(Content("pass.dat"), kTwo);
+  EXPECT_EQ(view.presets.rows, Names{"Two"});
+  EXPECT_EQ(Content("pass.edit"), other);
+}
+
+TEST_F(JobRun, ACopyThatCannotBeKeptLeavesTheJobInTheFile) {
+  OpenWith(kTwo, "Two");
+  files.BreakWriteAfter(3);
+  messages.ExpectMessage("There was a problem starting the editor. The Error was 'Disk full'");
+  Passes().EditJobClicked();
+  files.Mend();
+  EXPECT_EQ(Content("pass.dat"), kTwo);
+  EXPECT_EQ(view.presets.rows, Names{"Two"});
 }
 
 TEST_F(JobRun, EditThenSavePutsTheJobAtTheEnd) {
   OpenWith(std::string(kTwo) + "Other\r\nX;\r\n1\r\n0\r\n0\r\n", "Two");
   Passes().EditJobClicked();
   eventLoop.RunEvent([&] { Wizard().SaveJobClicked(); });
+  EXPECT_FALSE(files.Exists("/house/pass.edit"));
   EXPECT_EQ(Content("pass.dat"), "Other\r\nX;\r\n1\r\n0\r\n0\r\n" + std::string(kTwo));
   EXPECT_EQ(view.presets.rows, (Names{"Other", "Two"}));
 }
@@ -370,6 +466,34 @@ TEST_F(JobWizard, SaveWithoutThePassWindowWritesTheFile) {
   FillIn();
   Save();
   EXPECT_EQ(ListJobs(), Names{"Week"});
+}
+
+TEST_F(JobWizard, MoreThanAYearIsWarnedOfAndTaken) {
+  FillIn();
+  wizardView.days = "365";
+  Wizard().FormChanged();
+  EXPECT_EQ(wizardView.warning, "");
+  wizardView.days = "366";
+  Wizard().FormChanged();
+  EXPECT_EQ(wizardView.warning.find("More than a year"), 0U);
+  wizardView.days = "32768";
+  Wizard().FormChanged();
+  EXPECT_EQ(wizardView.warning, "A job of more than 32767 days lists nothing.");
+  wizardView.days = "400";
+  Save();
+  EXPECT_NE(Content("pass.dat").find("\r\n400\r\n"), std::string::npos);
+}
+
+TEST_F(JobWizard, TheFiftyFirstSatelliteIsWarnedOf) {
+  wizardView.group.text = "Weather";
+  wizardView.list.rows = Names(50, "NOAA 19");
+  Wizard().FormChanged();
+  EXPECT_EQ(wizardView.warning, "");
+  Wizard().AddClicked();
+  EXPECT_EQ(wizardView.warning, "A job runs its first 50 satellites. ");
+  wizardView.list.selected = 0;
+  Wizard().RemoveClicked();
+  EXPECT_EQ(wizardView.warning, "");
 }
 
 TEST_F(JobWizard, CancelStaysOnNo) {

@@ -177,6 +177,47 @@ TEST_F(PassJobs, AnAppendKeepsEveryByteOfTheFile) {
   EXPECT_EQ(Content("pass.dat"), odd + "\r\n" + kWeekend);
 }
 
+TEST_F(PassJobs, AJobThatIsAddedBehindATrailingBlankLineIsListed) {
+  for (const char* end : {"\r\n", "\n", " \r\n\t\r\n\r\n", "\n \n  "}) {
+    Put("pass.dat", std::string("A\nX;\n1\n0\n0 \n") + end);
+    AppendJob(Weekend());
+    EXPECT_EQ(ListJobs(), (Names{"A", "Weekend"})) << end;
+    EXPECT_EQ(Content("pass.dat"), std::string("A\nX;\n1\n0\n0 \n") + kWeekend);
+  }
+  for (const char* blank : {"\r\n", "\xEF\xBB\xBF\r\n \r\n"}) {
+    Put("pass.dat", blank);
+    AppendJob(Weekend());
+    EXPECT_EQ(ListJobs(), Names{"Weekend"});
+  }
+}
+
+TEST_F(PassJobs, AnEditedJobComesBackOnce) {
+  EXPECT_FALSE(PutBackEditedJob()) << "there is none";
+  Put("pass.dat", kTwoJobs);
+  KeepEditedJob("Morning");
+  EXPECT_FALSE(PutBackEditedJob()) << "killed before it left the file";
+  EXPECT_EQ(Content("pass.dat"), kTwoJobs);
+  KeepEditedJob("Morning");
+  RemoveJob("Morning");
+  EXPECT_EQ(PutBackEditedJob(), "Morning");
+  EXPECT_EQ(ListJobs(), (Names{"Evening", "Morning"}));
+  EXPECT_EQ(ReadJobRecord("Morning")->satellites, (Names{"ISS (ZARYA)", "NOAA 19"}));
+  EXPECT_FALSE(PutBackEditedJob());
+}
+
+TEST_F(PassJobs, AnEditedJobThatCannotBeWrittenBackStaysInItsCopy) {
+  Put("pass.dat", kTwoJobs);
+  KeepEditedJob("Morning");
+  RemoveJob("Morning");
+  for (std::size_t bytes = 0; bytes < std::string(kTwoJobs).size(); ++bytes) {
+    files.BreakWriteAfter(bytes);
+    EXPECT_THROW(PutBackEditedJob(), platform::Fault) << bytes;
+    files.Mend();
+    EXPECT_TRUE(files.Exists("/house/pass.edit")) << bytes;
+  }
+  EXPECT_EQ(PutBackEditedJob(), "Morning");
+}
+
 TEST_F(PassJobs, AFileOfOldLettersKeepsThemWhereTheyCan) {
   Put("pass.dat", "M\xFCnchen\r\nX;\r\n1\r\n0\r\n0\r\n");
   EXPECT_EQ(ListJobs(), Names{"München"});

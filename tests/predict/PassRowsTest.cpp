@@ -349,17 +349,26 @@ TEST_F(PassRows, ADayWithAnotherOffsetIsTold) {
 }
 
 TEST(PassStatus, SaysWhatAUserWouldWonderAbout) {
+  const PassSubject iss{"ISS", platform::MakeSerial({2026, 11, 21, 0, 0, 0})};
   PassTally tally;
-  EXPECT_EQ(StatusText(tally), "No passes.");
+  EXPECT_EQ(StatusText(tally, iss, 0), "No passes of ISS on 21 NOV 2026.");
+  EXPECT_EQ(StatusText(tally, iss, 1), "No passes of ISS on 21 NOV 2026, 1 row in the list.");
   tally.listed = 1;
-  EXPECT_EQ(StatusText(tally), "1 pass.");
+  EXPECT_EQ(StatusText(tally, iss, 1), "1 pass of ISS on 21 NOV 2026.");
+  EXPECT_EQ(StatusText({8}, {"the job 'Week'", iss.firstDay, 10}, 15),
+            "8 passes of the job 'Week' from 21 NOV 2026 to 30 NOV 2026, 15 rows in the list.");
+  EXPECT_EQ(StatusText({}, {"the job 'None'", iss.firstDay, 0}, 0),
+            "No passes of the job 'None', which asks for no day.");
   tally += {2, 4, 0, 0, true};
-  EXPECT_EQ(StatusText(tally),
-            "3 passes; times use today's UTC offset, not that of the day; 4 passes below the minimum elevation of the "
+  EXPECT_EQ(StatusText(tally, iss, 3),
+            "3 passes of ISS on 21 NOV 2026; times use today's UTC offset, not that of the day; 4 passes below the "
+            "minimum elevation of the "
             "main settings left out.");
-  EXPECT_EQ(StatusText({0, 0, 1, 1, false}),
-            "No passes; 1 pass that cannot be seen by eye left out; the database has no satellite of that name.");
-  EXPECT_EQ(StatusText({0, 0, 0, 3, false}), "No passes; 3 times the satellite is not in the database.");
+  EXPECT_EQ(StatusText({0, 0, 1, 1, false}, iss, 0),
+            "No passes of ISS on 21 NOV 2026; 1 pass that cannot be seen by eye left out; the database has no "
+            "satellite of that name.");
+  EXPECT_EQ(StatusText({0, 0, 0, 3, false}, iss, 0),
+            "No passes of ISS on 21 NOV 2026; 3 times the satellite is not in the database.");
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ constexpr const char* kOtherJob = "Other\r\nHST;\r\n7\r\n0\r\n0\r\n";
 /// Sets every document on the pages of a PDF file, as a printer of the machine would.
 class PaperPrinting : public platform::Printing {
  public:
-  void OpenDialog(const std::string&) override {}
+  bool OpenDialog(const std::string&) override { return true; }
   bool Print(const platform::PrintDocument& document) override {
     QPdfWriter paper(Pdf());
     paper.setPageSize(QPageSize(QPageSize::A4));

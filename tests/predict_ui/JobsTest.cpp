@@ -92,6 +92,51 @@ TEST_F(JobsTest, TheWizardSaysWhatIsMissing) {
   Click(wizard, "BUTremove");
 }
 
+TEST_F(JobsTest, TheDaysTakeDigitsAloneAndMayBeEmptied) {
+  QWidget& wizard = OpenWizard();
+  Type(wizard, "Tnumofdays", "-1.5x 2");
+  EXPECT_EQ(Child<QLineEdit>(wizard, "Tnumofdays").text(), "152");
+  EXPECT_EQ(Child<QLabel>(wizard, "LABwarning").text(), "");
+  Type(wizard, "Tnumofdays", "0");
+  EXPECT_NE(Child<QLabel>(wizard, "LABwarning").text().indexOf("More than a year"), -1);
+  for (int i = 0; i < 4; ++i) PressKey(Child<QWidget>(wizard, "Tnumofdays"), Qt::Key_Backspace);
+  EXPECT_EQ(Child<QLineEdit>(wizard, "Tnumofdays").text(), "");
+  EXPECT_EQ(Child<QLabel>(wizard, "LABwarning").text(), "");
+}
+
+TEST_F(JobsTest, TheTooltipsOfTheWizardSayWhatIsMissing) {
+  QWidget& window = Open();
+  Click(window, "PresetAdd");
+  QWidget& wizard = dynamic_cast<QWidget&>(*windows->Find(kWizardWindow));
+  const auto tip = [&](const char* button) { return Child<QWidget>(wizard, button).toolTip().toStdString(); };
+  EXPECT_TRUE(tip("BUTSaveJob").ends_with("Still missing: the name, the number of days, a satellite"))
+      << tip("BUTSaveJob");
+  EXPECT_TRUE(tip("BUTadd").ends_with("Choose a group first"));
+  EXPECT_TRUE(tip("BUTremove").ends_with("Select a satellite on the list first"));
+  Click(wizard, "Tname");
+  Type(wizard, "Tname", "Evening");
+  Type(wizard, "Tnumofdays", "2");
+  Choose(wizard, "COMgroup", "Space Stations");
+  Choose(wizard, "COMsatname", "ISS (ZARYA)");
+  Click(wizard, "BUTadd");
+  EXPECT_EQ(tip("BUTSaveJob"), "Adds the job to the list of presets (Return)");
+  EXPECT_EQ(tip("BUTadd"), "Adds the chosen satellite to the list");
+  Select(wizard, "SatList", 0);
+  EXPECT_EQ(tip("BUTremove"), "Takes the selected satellite off the list");
+}
+
+TEST_F(JobsTest, AnEditedJobIsBackWhenTheFrameOfTheWizardIsClosed) {
+  Put("pass.dat", kWeekJob);
+  QWidget& window = Open();
+  Select(window, "ListPresets", 0);
+  Click(window, "BUTeditjob");
+  HandleEvents();
+  CloseByUser(dynamic_cast<QWidget&>(*windows->Find(kWizardWindow)));
+  EXPECT_FALSE(IsOpen(kWizardWindow));
+  EXPECT_EQ(Jobs(window), Strings{"Week"});
+  EXPECT_EQ(Content("pass.dat"), kWeekJob);
+}
+
 TEST_F(JobsTest, ASatelliteIsTakenOffTheList) {
   QWidget& window = Open();
   QWidget& wizard = FillWizard(window, "Evening", "2");
@@ -131,7 +176,8 @@ TEST_F(JobsTest, AJobRunsDayByDayAndEachDaySatelliteBySatellite) {
   EXPECT_EQ(Cell(window, 0, kSatelliteCell), "ISS (ZARYA)");
   EXPECT_EQ(Cell(window, Rows(window) - 1, kSatelliteCell), "NOAA 19");
   EXPECT_EQ(Cell(window, Rows(window) - 1, kDateCell), "18 NOV 2026");
-  EXPECT_EQ(Status(window), std::to_string(Rows(window)) + " passes.");
+  EXPECT_EQ(Status(window),
+            std::to_string(Rows(window)) + " passes of the job 'Week' from 16 NOV 2026 to 18 NOV 2026.");
 }
 
 TEST_F(JobsTest, TheProgressOfAJobIsSeenAndItsRowsComeIn) {

@@ -7,6 +7,7 @@
 #include <QHeaderView>
 #include <QProgressBar>
 #include <QTableView>
+#include <QTest>
 #include <set>
 
 #include <gtest/gtest.h>
@@ -95,7 +96,100 @@ TEST_F(PassWindowTest, ASatelliteOfAGroupIsWorkedOut) {
   EXPECT_EQ(Text(window, "Groupname"), "Select Satellite Group");
   EXPECT_EQ(Text(window, "SatelliteName"), "Select a Satellite");
   EXPECT_EQ(Text(window, "FavouriteName"), "Select a Favourite");
-  EXPECT_EQ(Status(window), std::to_string(Rows(window)) + " passes.");
+  EXPECT_EQ(Status(window), std::to_string(Rows(window)) + " passes of ISS (ZARYA) on 15 NOV 2026.");
+}
+
+TEST_F(PassWindowTest, CursorKeysStepThroughSatellitesAndReturnChooses) {
+  QWidget& window = Open();
+  window.activateWindow();
+  Choose(window, "Groupname", "Space Stations");
+  auto& satellites = Child<QComboBox>(window, "SatelliteName");
+  satellites.setFocus();
+  HandleEvents();
+  PressKey(satellites, Qt::Key_Down);
+  PressKey(satellites, Qt::Key_Down);
+  EXPECT_EQ(satellites.currentIndex(), 1);
+  EXPECT_EQ(window.focusWidget(), &satellites) << "a step is no choice";
+  PressKey(satellites, Qt::Key_Return);
+  EXPECT_EQ(window.focusWidget()->objectName(), "BUTcalc");
+  EXPECT_EQ(Rows(window), 0) << "that Return has chosen";
+  PressKey(*window.focusWidget(), Qt::Key_Return);
+  EXPECT_GT(Rows(window), 0);
+}
+
+TEST_F(PassWindowTest, TheTabKeyGoesOnFromASatelliteThatWasSteppedTo) {
+  QWidget& window = Open();
+  window.activateWindow();
+  Choose(window, "Groupname", "Space Stations");
+  auto& satellites = Child<QComboBox>(window, "SatelliteName");
+  satellites.setFocus();
+  HandleEvents();
+  PressKey(satellites, Qt::Key_Down);
+  PressKey(satellites, Qt::Key_Tab);
+  HandleEvents();
+  EXPECT_EQ(window.focusWidget()->objectName(), "FavouriteName");
+  EXPECT_EQ(Text(window, "SatelliteName"), "ISS (ZARYA)");
+}
+
+TEST_F(PassWindowTest, AGroupThatWasSteppedToIsListedWhenItIsChosenOrLeft) {
+  QWidget& window = Open();
+  window.activateWindow();
+  auto& groups = Child<QComboBox>(window, "Groupname");
+  auto& satellites = Child<QComboBox>(window, "SatelliteName");
+  groups.setFocus();
+  HandleEvents();
+  PressKey(groups, Qt::Key_Down);
+  EXPECT_EQ(groups.currentIndex(), 0);
+  EXPECT_EQ(satellites.count(), 0) << "each step would read a file";
+  PressKey(groups, Qt::Key_Return);
+  const int ofTheFirst = satellites.count();
+  EXPECT_GT(ofTheFirst, 0);
+  EXPECT_EQ(Rows(window), 0);
+  PressKey(groups, Qt::Key_Down);
+  EXPECT_EQ(satellites.count(), ofTheFirst);
+  eventLoop.RunEvent([&] {
+    QTest::keyClick(&groups, Qt::Key_Tab);
+    HandleEvents();
+  });
+  EXPECT_EQ(window.focusWidget(), &satellites);
+  EXPECT_NE(satellites.count(), ofTheFirst);
+}
+
+TEST_F(PassWindowTest, AgainTakesTheLastSatelliteForTheDayOfTheCalendar) {
+  QWidget& window = Open();
+  auto& again = Child<QAbstractButton>(window, "BUTagain");
+  EXPECT_FALSE(again.isEnabled());
+  Calculate(window, "NOAA 19", 16);
+  const int first = Rows(window);
+  EXPECT_TRUE(again.isEnabled());
+  EXPECT_NE(again.toolTip().indexOf("NOAA 19"), -1);
+  PickDay(window, 2026, 11, 17);
+  Click(window, "BUTagain");
+  ASSERT_GT(Rows(window), first);
+  EXPECT_EQ(Cell(window, first, kSatelliteCell), "NOAA 19");
+  EXPECT_EQ(Cell(window, first, kDateCell), "17 NOV 2026");
+  EXPECT_EQ(Status(window), std::to_string(Rows(window) - first) + " passes of NOAA 19 on 17 NOV 2026, " +
+                                std::to_string(Rows(window)) + " rows in the list.");
+}
+
+TEST_F(PassWindowTest, TheTooltipsOfTheButtonsSayWhatIsMissing) {
+  Put("pass.dat", "Week\r\nISS (ZARYA);\r\n1\r\n0\r\n0\r\n");
+  QWidget& window = Open();
+  const auto tip = [&](const char* button) { return Child<QWidget>(window, button).toolTip().toStdString(); };
+  EXPECT_TRUE(tip("BUTcalc").ends_with(". Choose a satellite first")) << tip("BUTcalc");
+  for (const char* button : {"PresetGo", "BUTeditjob", "PresetDelete"})
+    EXPECT_TRUE(tip(button).ends_with(". Select a job first")) << tip(button);
+  for (const char* button : {"BUTsortChron", "BUTclearResults", "BUTsaveresults", "BUTprint"}) {
+    EXPECT_TRUE(tip(button).ends_with(". The list is empty")) << tip(button);
+    EXPECT_TRUE(Child<QWidget>(window, button).isEnabled()) << "they work all the same";
+  }
+  Select(window, "ListPresets", 0);
+  Choose(window, "FavouriteName", "NOAA 19");
+  EXPECT_EQ(tip("PresetGo"), "Runs the selected job from the day of the calendar on");
+  EXPECT_EQ(tip("BUTcalc"), "Adds the passes of the chosen day to the list (Return)");
+  Click(window, "BUTcalc");
+  EXPECT_EQ(tip("BUTprint"), "Prints the list");
+  EXPECT_TRUE(tip("BUTcalc").ends_with(". Choose a satellite first")) << "each calculation empties the choosers";
 }
 
 TEST_F(PassWindowTest, ThePickedDayIsTheDayOfTheRows) {
@@ -164,6 +258,19 @@ TEST_F(PassWindowTest, TheSortShowsItsProgressAndHidesTheListMeanwhile) {
   EXPECT_EQ(Cell(window, 0, kDateCell), "16 NOV 2026");
   EXPECT_EQ(Cell(window, rows - 1, kDateCell), "18 NOV 2026");
   EXPECT_FALSE(Child<QWidget>(window, "BUTstop").isEnabled());
+  Calculate(window, "NOAA 19", 16);
+  EXPECT_LT(bar.value(), 0) << "the bar of a sort is no news any more";
+}
+
+TEST_F(PassWindowTest, WhatComesInIsBroughtIntoSight) {
+  QWidget& window = Open();
+  window.resize(900, 480);
+  for (const int day : {15, 16, 17, 18}) Calculate(window, "OSCAR 7", day);
+  const int first = Rows(window);
+  Calculate(window, "OSCAR 7", 15);
+  auto& list = Child<QTableView>(window, "LISTpasses");
+  EXPECT_EQ(list.rowAt(1), first) << "on top";
+  EXPECT_TRUE(list.viewport()->rect().contains(list.visualRect(list.model()->index(first, 0)))) << first;
 }
 
 TEST_F(PassWindowTest, ClearEmptiesTheList) {
@@ -267,6 +374,18 @@ TEST_F(PassWindowTest, WithoutAPrinterTheStatusLineSaysSo) {
   printing.ExpectDialog();
   Click(window, "BUTprint");
   EXPECT_EQ(Status(window).find("No printer was found"), 0U);
+}
+
+TEST_F(PassWindowTest, ACancelledPrinterDialogSaysWhereTheListWent) {
+  QWidget& window = Open();
+  printing.isChosen = false;
+  printing.ExpectDialog();
+  Click(window, "BUTprint");
+  EXPECT_EQ(Status(window), "The printer dialog was cancelled: the list went to the default printer.");
+  printing.hasPrinter = false;
+  printing.ExpectDialog();
+  Click(window, "BUTprint");
+  EXPECT_NE(Status(window).find("there is no default printer, so nothing was printed"), std::string::npos);
 }
 
 TEST_F(PassWindowTest, AWindowThatIsClosedWhileADialogStandsWritesNothing) {

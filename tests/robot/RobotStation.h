@@ -52,7 +52,7 @@ class AnsweringFileChooser : public platform::FileChooser {
 /// Has a printer at every second try.
 class AnsweringPrinting : public platform::Printing {
  public:
-  void OpenDialog(const std::string&) override {}
+  bool OpenDialog(const std::string&) override { return true; }
   bool Print(const platform::PrintDocument&) override { return ++asked_ % 2 == 0; }
 
  private:

@@ -28,6 +28,7 @@ class FilledWizard : public TaggedStub, public predict::JobEditor, private predi
   void SetCHsave(bool) override {}
   bool CHprint() const override { return false; }
   void SetCHprint(bool) override {}
+  void ShowWarning(std::string_view) override {}
 
   testing::RecordingCombo combo_;
   testing::RecordingListBox list_;

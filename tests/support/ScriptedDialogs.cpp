@@ -31,14 +31,15 @@ void ScriptedFileChooser::CheckAllAsked() {
   script_.clear();
 }
 
-void ScriptedPrinting::OpenDialog(const std::string& title) {
+bool ScriptedPrinting::OpenDialog(const std::string& title) {
   if (script_.empty()) {
     ADD_FAILURE() << "unexpected printer dialog for \"" << title << "\"";
-    return;
+    return isChosen;
   }
   const std::function<void()> meanwhile = std::exchange(script_.front(), {});
   script_.pop_front();
   if (meanwhile) meanwhile();
+  return isChosen;
 }
 
 bool ScriptedPrinting::Print(const platform::PrintDocument& document) {

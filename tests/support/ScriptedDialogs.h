@@ -39,7 +39,7 @@ class ScriptedFileChooser : public platform::FileChooser {
 /// A printer that keeps what it is given.
 class ScriptedPrinting : public platform::Printing {
  public:
-  void OpenDialog(const std::string& title) override;
+  bool OpenDialog(const std::string& title) override;
   bool Print(const platform::PrintDocument& document) override;
 
   /// The printer dialog is going to be opened. @param meanwhile  runs while it stands
@@ -48,6 +48,7 @@ class ScriptedPrinting : public platform::Printing {
 
   std::vector<platform::PrintDocument> printed;
   bool hasPrinter = true;
+  bool isChosen = true;  ///< false: the dialogs are cancelled
 
  private:
   std::deque<std::function<void()>> script_;

@@ -44,12 +44,17 @@ ComboList::ComboList(QWidget* parent) : QComboBox(parent) {
   setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(kLeastLetters);
   setFocusPolicy(Qt::StrongFocus);  // not by the wheel
+  connect(this, &QComboBox::activated, this, [this] {
+    choiceIsOpen_ = true;
+    if (!steps_ && TakeOpenChoice()) emit Chosen(currentIndex());
+  });
   // Thousands of entries: their heights are not measured one by one.
   if (auto* list = qobject_cast<QListView*>(view())) list->setUniformItemSizes(true);
 }
 
 void ComboList::Clear() {
   const QString text = ToQt(Text());
+  choiceIsOpen_ = false;
   clear();
   setPlaceholderText(text);
 }
@@ -68,12 +73,28 @@ void ComboList::SetText(std::string_view text) {
   const QString shown = ToQt(text);
   const int entry = findText(shown, Qt::MatchExactly | Qt::MatchCaseSensitive);
   if (Text() == text && entry == currentIndex()) return;
+  choiceIsOpen_ = false;
   if (entry < 0 && placeholderText() != shown) setPlaceholderText(shown);
   setCurrentIndex(entry);
   if (isEditable()) setEditText(shown);
 }
 
+bool ComboList::TakeOpenChoice() {
+  return std::exchange(choiceIsOpen_, false) && currentIndex() >= 0;
+}
+
+/// What follows may take its time and yield: the keyboard is where it goes to first.
+void ComboList::focusOutEvent(QFocusEvent* event) {
+  QComboBox::focusOutEvent(event);
+  const bool goesOn = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason ||
+                      event->reason() == Qt::MouseFocusReason || event->reason() == Qt::ShortcutFocusReason;
+  if (!goesOn || !TakeOpenChoice()) return;
+  QMetaObject::invokeMethod(
+      this, [this] { emit LeftAt(currentIndex()); }, Qt::QueuedConnection);
+}
+
 void ComboList::wheelEvent(QWheelEvent* event) {
+  const QScopedValueRollback mark(steps_, true);
   if (hasFocus()) {
     QComboBox::wheelEvent(event);
   } else {
@@ -83,6 +104,7 @@ void ComboList::wheelEvent(QWheelEvent* event) {
 
 void ComboList::SetIndex(int index) {
   if (index < 0 || index >= count()) throw Fault::SubscriptOutOfRange();
+  choiceIsOpen_ = false;
   setCurrentIndex(index);
 }
 
@@ -98,8 +120,15 @@ void ComboList::showPopup() {
   search_->setFocus();
 }
 
-/// A letter drops a long list down and begins the search there; in a short one it chooses, as the toolkit has it.
+/// Return chooses what was stepped to; without that it is the window's. A letter drops a long list down and begins the
+/// search there; in a short one it steps, as the toolkit has it.
 void ComboList::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  if (enter && TakeOpenChoice()) {
+    emit Chosen(currentIndex());
+    return;
+  }
+  const QScopedValueRollback mark(steps_, true);
   const QString letter = event->text().trimmed();
   const bool types = !letter.isEmpty() && letter.front().isPrint() &&
                      !(event->modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier));

@@ -28,6 +28,10 @@ SkinButton* MakeButton(const char* name, const QString& text, const QString& hin
   return button;
 }
 
+void SetHint(QAbstractButton& button, const QString& hint, const QString& missing) {
+  button.setToolTip(missing.isEmpty() ? hint : hint + ". " + missing);
+}
+
 void EmboldenTitle(QGroupBox& section) {
   QFont font = QApplication::font();
   font.setBold(true);

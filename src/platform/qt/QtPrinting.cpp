@@ -90,7 +90,7 @@ QtPrinting::QtPrinting(DefaultPrinter defaultPrinter) : defaultPrinter_(std::mov
 
 QtPrinting::~QtPrinting() = default;
 
-void QtPrinting::OpenDialog(const std::string& title) {
+bool QtPrinting::OpenDialog(const std::string& title) {
   const QtEventLoop::Busy busy;
   chosen_.reset();
   auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
@@ -99,6 +99,7 @@ void QtPrinting::OpenDialog(const std::string& title) {
   QPrintDialog dialog(printer.get(), QApplication::activeWindow());
   dialog.setObjectName("PrintDialog");
   if (dialog.exec() == QDialog::Accepted) chosen_ = std::move(printer);
+  return chosen_ != nullptr;
 }
 
 bool QtPrinting::Print(const PrintDocument& document) {

@@ -78,6 +78,12 @@ void PassList::ShowRows() {
   }
 }
 
+void PassList::ShowAtTop(int row) {
+  ShowRows();
+  updateGeometries();  // else the scroll bar ends where it ended before the new rows
+  scrollTo(model_.index(row, 0), PositionAtTop);
+}
+
 /// Columns grow with what comes in and never shrink while there are rows, so that nothing jumps under the eye.
 void PassList::WidenColumns() {
   const std::vector<PassRow>& rows = table_.Rows();

@@ -21,6 +21,8 @@ class PassList : public QTableView {
   /// Shows the rows as they are now.
   void ShowRows();
   int ShownRows() const { return model_.ShownRows(); }
+  /// Shows the rows as they are now, this one on top where enough follow.
+  void ShowAtTop(int row);
 
   /// The selected rows, in their order, onto the clipboard: cells with tabs between them. Nothing selected: it is left
   /// alone.

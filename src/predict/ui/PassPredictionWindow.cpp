@@ -13,8 +13,10 @@
 namespace kestrava::predict::ui {
 
 using platform::qt::ColourDefaultButton;
+using platform::qt::ComboList;
 using platform::qt::FromQt;
 using platform::qt::Named;
+using platform::qt::SetHint;
 using platform::qt::SkinButton;
 using platform::qt::ToQt;
 
@@ -27,9 +29,6 @@ constexpr int kGapPx = 8;
 constexpr double kShowEveryMs = 50;
 
 constexpr const char* kPrintTitle = "Kestrava - Satellite Pass Predictions";
-constexpr const char* kNoPrinter =
-    "No printer was found, so nothing was printed. \"Print to File\" in the printer "
-    "dialog makes a PDF.";
 constexpr const char* kWelcome = "Choose a day and a satellite, then Calculate.";
 
 }  // namespace
@@ -75,17 +74,30 @@ void PassPredictionWindow::BuildFoot(QVBoxLayout& column) {
   column.addLayout(foot);
 }
 
-void PassPredictionWindow::ConnectSignals() {
-  connect(instant_->groupname, &QComboBox::activated, this, [this] {
-    presets_->stop->setEnabled(true);  // the reading yields
-    Run("The listing of the group", &PassPrediction::GroupnameClicked);
-  });
-  connect(instant_->satelliteName, &QComboBox::activated, this,
+/// A group counts when it is chosen or left, a satellite when it is chosen: who goes on by the Tab key is where he
+/// wants to be.
+void PassPredictionWindow::ConnectChoices() {
+  for (const auto chosen : {&ComboList::Chosen, &ComboList::LeftAt}) {
+    connect(instant_->groupname, chosen, this, [this] {
+      presets_->stop->setEnabled(true);  // the reading yields
+      Run("The listing of the group", &PassPrediction::GroupnameClicked);
+    });
+  }
+  connect(instant_->satelliteName, &ComboList::Chosen, this,
           [this] { Run("The choice of a satellite", &PassPrediction::SatelliteNameClicked); });
+  for (auto* combo : {instant_->groupname, instant_->favouriteName}) {
+    connect(combo, &QComboBox::currentIndexChanged, this, [this] { UpdateHints(); });
+  }
+  connect(presets_->presets, &QListWidget::itemSelectionChanged, this, [this] { UpdateHints(); });
+}
+
+void PassPredictionWindow::ConnectSignals() {
+  ConnectChoices();
   for (const auto picked : {&QCalendarWidget::clicked, &QCalendarWidget::activated}) {
     connect(instant_->calendar, picked, this, [this] { Run("The choice of a day", &PassPrediction::CalendarPicked); });
   }
   OnClick(instant_->calc, "The prediction", &PassPrediction::CalcClicked);
+  OnClick(instant_->again, "The prediction", &PassPrediction::AgainClicked);
   OnClick(results_->sortChron, "The sorting", &PassPrediction::SortChronClicked);
   OnClick(results_->clearResults, "The clearing of the list", &PassPrediction::ClearResultsClicked);
   OnClick(results_->saveResults, "The saving of the predictions", &PassPrediction::SaveResultsClicked);
@@ -115,6 +127,7 @@ void PassPredictionWindow::Run(const char* what, Deed deed) {
 /// Stop is there only while it has something to stop, Go only while no job runs. The focus waits beside Go, where no
 /// second press of a key does anything to the job.
 void PassPredictionWindow::UpdateJobButtons() {
+  UpdateHints();
   presets_->stop->setEnabled(behaviour_->IsWorking());
   const bool runs = behaviour_->JobRuns();
   if (runs && presets_->go->hasFocus()) {
@@ -125,6 +138,30 @@ void PassPredictionWindow::UpdateJobButtons() {
   if (runs || !focusWaitsForGo_) return;
   focusWaitsForGo_ = false;
   if (presets_->presets->hasFocus()) presets_->go->setFocus();
+}
+
+/// The buttons work with nothing to act on too, and a message or an empty file follows: what is missing is said before.
+void PassPredictionWindow::UpdateHints() {
+  const bool nothingChosen = instant_->groupname->currentIndex() < 0 && instant_->favouriteName->currentIndex() < 0;
+  SetHint(*instant_->calc, tr("Adds the passes of the chosen day to the list (Return)"),
+          nothingChosen ? tr("Choose a satellite first") : QString());
+  const std::string& last = behaviour_->LastSatellite();
+  instant_->again->setEnabled(!last.empty());
+  SetHint(*instant_->again,
+          last.empty() ? tr("Takes the last satellite for another day")
+                       : tr("Takes %1 once more, for the day that is chosen now").arg(ToQt(last)),
+          last.empty() ? tr("Nothing has been worked out yet") : QString());
+  const QString noJob = presets_->presets->Selected() < 0 ? tr("Select a job first") : QString();
+  SetHint(*presets_->go, tr("Runs the selected job from the day of the calendar on"), noJob);
+  SetHint(*presets_->edit, tr("Takes the selected job into the wizard"), noJob);
+  SetHint(*presets_->remove, tr("Deletes the selected job, without asking"), noJob);
+  const int rows = behaviour_->Table().RowCount();
+  const QString noRows = rows == 0 ? tr("The list is empty") : QString();
+  SetHint(*results_->sortChron, tr("Sorts the passes by their start"),
+          rows == 1 ? tr("There is one pass only") : noRows);
+  SetHint(*results_->clearResults, tr("Takes all passes off the list, without asking"), noRows);
+  SetHint(*results_->saveResults, tr("Saves the list as a text file"), noRows);
+  SetHint(*results_->print, tr("Prints the list"), noRows);
 }
 
 void PassPredictionWindow::changeEvent(QEvent* event) {
@@ -205,14 +242,14 @@ std::filesystem::path PassPredictionWindow::CurrentFolder() const {
   return platform::TheFileChooser().DocumentsFolder();
 }
 
-void PassPredictionWindow::OpenPrinterDialog() {
-  platform::ThePrinting().OpenDialog(kPrintTitle);
+bool PassPredictionWindow::OpenPrinterDialog() {
+  return platform::ThePrinting().OpenDialog(kPrintTitle);
 }
 
-void PassPredictionWindow::Print(const PrintedText& document, std::string_view font) {
+bool PassPredictionWindow::Print(const PrintedText& document, std::string_view font) {
   platform::PrintDocument printed{kPrintTitle, std::string(font), {}};
   for (const PrintedPiece& line : document.Lines()) printed.lines.push_back({line.text, line.bold, line.colour});
-  if (!platform::ThePrinting().Print(printed)) ShowStatus(kNoPrinter);
+  return platform::ThePrinting().Print(printed);
 }
 
 std::unique_ptr<platform::Window> MakePassPredictionWindow() {

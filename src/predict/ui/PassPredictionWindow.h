@@ -34,6 +34,8 @@ class PassPredictionWindow : public platform::qt::StationWindow, public PassPred
   void OnClick(QAbstractButton* button, const char* what, Deed deed);
   void Run(const char* what, Deed deed);
   void UpdateJobButtons();
+  void ConnectChoices();
+  void UpdateHints();
   bool IsTooSoon();
 
   // PassPredictionView
@@ -51,12 +53,14 @@ class PassPredictionWindow : public platform::qt::StationWindow, public PassPred
   void RowsChanged() override;
   void ShowList(bool visible) override { results_->passes->setVisible(visible); }
   void ShowSorting(int value, int maximum) override;
+  void ClearSorting() override { results_->sorting->reset(); }
+  void ShowRow(int row) override { results_->passes->ShowAtTop(row); }
   void ShowWork(int done, int total) override;
   void ShowStatus(std::string_view text) override;
   std::optional<std::filesystem::path> ChooseSaveFile(std::string_view title, std::string_view fileName) override;
   std::filesystem::path CurrentFolder() const override;
-  void OpenPrinterDialog() override;
-  void Print(const PrintedText& document, std::string_view font) override;
+  bool OpenPrinterDialog() override;
+  bool Print(const PrintedText& document, std::string_view font) override;
 
   std::unique_ptr<PassPrediction> behaviour_;
   InstantSection* instant_ = nullptr;

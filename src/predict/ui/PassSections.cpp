@@ -104,6 +104,7 @@ void InstantSection::BuildChoices(QVBoxLayout& column) {
   visOnly = Named(new QCheckBox(tr("Visible Passes &Only"), this), "CHvisOnly", tr("Visible Passes Only"));
   visOnly->setToolTip(tr("List only passes that can be seen by eye: the satellite in sunlight, you in twilight"));
   calc = MakeButton("BUTcalc", tr("Ca&lculate"), tr("Adds the passes of the chosen day to the list (Return)"), this);
+  again = MakeButton("BUTagain", tr("Aga&in"), "", this);
   ColourDefaultButton(*calc);
   column.addWidget(LabelFor(groupname, tr("Select &A Satellite..."), this));
   column.addWidget(groupname);
@@ -112,7 +113,11 @@ void InstantSection::BuildChoices(QVBoxLayout& column) {
   column.addWidget(favouriteName);
   column.addWidget(visOnly);
   column.addStretch(1);
-  column.addWidget(calc);
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kGapPx);
+  buttons->addWidget(calc, 2);
+  buttons->addWidget(again, 1);
+  column.addLayout(buttons);
 }
 
 PresetSection::PresetSection(QWidget* parent) : QGroupBox(tr("Preset Predictions"), parent) {

@@ -27,6 +27,7 @@ class InstantSection : public QGroupBox {
   platform::qt::ComboList* favouriteName = nullptr;
   QCheckBox* visOnly = nullptr;
   platform::qt::SkinButton* calc = nullptr;
+  platform::qt::SkinButton* again = nullptr;
 
  private:
   void BuildCalendar();

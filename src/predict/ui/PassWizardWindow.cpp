@@ -3,7 +3,7 @@
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
-#include <QLabel>
+#include <QRegularExpressionValidator>
 #include <QScrollArea>
 
 #include "platform/Doors.h"
@@ -22,6 +22,7 @@ using platform::qt::FromQt;
 using platform::qt::LabelFor;
 using platform::qt::MakeButton;
 using platform::qt::Named;
+using platform::qt::SetHint;
 using platform::qt::ToQt;
 
 namespace {
@@ -78,6 +79,7 @@ void PassWizardWindow::BuildJob(QVBoxLayout& column) {
   name_ = Named(new QLineEdit(box), "Tname");
   days_ = Named(new QLineEdit(box), "Tnumofdays");
   days_->setMaximumWidth(kDaysWidthPx);
+  days_->setValidator(new QRegularExpressionValidator(QRegularExpression("[0-9]{0,5}"), days_));
   save_ = Named(new QCheckBox(tr("Save Predictions to &File"), box), "CHsave", tr("Save Predictions to File"));
   print_ = Named(new QCheckBox(tr("&Print Predictions"), box), "CHprint", tr("Print Predictions"));
   auto* grid = new QGridLayout(box);
@@ -135,21 +137,49 @@ QWidget* PassWizardWindow::BuildFoot() {
   saveJob_ = MakeButton("BUTSaveJob", tr("Save &this Job"), tr("Adds the job to the list of presets (Return)"), this);
   cancel_ = MakeButton("BUTcancel", tr("&Cancel"), tr("Closes the wizard; what stands here is lost (Escape)"), this);
   ColourDefaultButton(*saveJob_);
+  warning_ = Named(new QLabel(foot), "LABwarning", tr("What is odd about the job"));
+  warning_->setWordWrap(true);
+  warning_->setTextFormat(Qt::PlainText);
   auto* row = new QHBoxLayout(foot);
   row->setContentsMargins(0, 0, 0, 0);
-  row->addStretch(1);
+  row->addWidget(warning_, 1);
   row->addWidget(saveJob_);
   row->addWidget(cancel_);
   return foot;
 }
 
 void PassWizardWindow::ConnectSignals() {
-  connect(group_, &QComboBox::activated, this,
-          [this] { platform::RunUntrapped("The listing of the group", [this] { behaviour_->GroupClicked(); }); });
+  for (const auto chosen : {&ComboList::Chosen, &ComboList::LeftAt}) {
+    connect(group_, chosen, this,
+            [this] { platform::RunUntrapped("The listing of the group", [this] { behaviour_->GroupClicked(); }); });
+  }
+  connect(name_, &QLineEdit::textChanged, this, [this] { UpdateHints(); });
+  connect(days_, &QLineEdit::textChanged, this, [this] { behaviour_->FormChanged(); });
+  connect(group_, &QComboBox::currentIndexChanged, this, [this] { UpdateHints(); });
+  connect(satList_, &QListWidget::itemSelectionChanged, this, [this] { UpdateHints(); });
   OnClick(add_, "The choice of a satellite", &PassWizard::AddClicked);
   OnClick(remove_, "The removal of a satellite", &PassWizard::RemoveClicked);
   OnClick(saveJob_, "The saving of the job", &PassWizard::SaveJobClicked);
   OnClick(cancel_, "The closing", &PassWizard::CancelClicked);
+}
+
+/// The buttons work with something missing too, and a message follows: what it is is said before.
+void PassWizardWindow::UpdateHints() {
+  SetHint(*add_, tr("Adds the chosen satellite to the list"),
+          group_->currentIndex() < 0 ? tr("Choose a group first") : QString());
+  SetHint(*remove_, tr("Takes the selected satellite off the list"),
+          satList_->Selected() < 0 ? tr("Select a satellite on the list first") : QString());
+  QStringList missing;
+  if (name_->text().trimmed().isEmpty()) missing << tr("the name");
+  if (days_->text().trimmed().isEmpty()) missing << tr("the number of days");
+  if (satList_->Count() == 0) missing << tr("a satellite");
+  SetHint(*saveJob_, tr("Adds the job to the list of presets (Return)"),
+          missing.isEmpty() ? QString() : tr("Still missing: %1").arg(missing.join(", ")));
+}
+
+void PassWizardWindow::ShowWarning(std::string_view text) {
+  warning_->setText(ToQt(text));
+  UpdateHints();
 }
 
 void PassWizardWindow::OnClick(QAbstractButton* button, const char* what, Deed deed) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <memory>
 
@@ -39,6 +40,7 @@ class PassWizardWindow : public platform::qt::StationWindow, public PassWizardVi
   QWidget* BuildHelp();
   QWidget* BuildFoot();
   void ConnectSignals();
+  void UpdateHints();
   void OnClick(QAbstractButton* button, const char* what, Deed deed);
 
   // PassWizardView
@@ -56,6 +58,7 @@ class PassWizardWindow : public platform::qt::StationWindow, public PassWizardVi
   void SetCHsave(bool ticked) override { save_->setChecked(ticked); }
   bool CHprint() const override { return print_->isChecked(); }
   void SetCHprint(bool ticked) override { print_->setChecked(ticked); }
+  void ShowWarning(std::string_view text) override;
 
   std::unique_ptr<PassWizard> behaviour_;
   QLineEdit* name_ = nullptr;
@@ -69,6 +72,7 @@ class PassWizardWindow : public platform::qt::StationWindow, public PassWizardVi
   platform::qt::SkinButton* remove_ = nullptr;
   platform::qt::SkinButton* saveJob_ = nullptr;
   platform::qt::SkinButton* cancel_ = nullptr;
+  QLabel* warning_ = nullptr;
 };
 
 }  // namespace kestrava::predict::ui

@@ -1,6 +1,6 @@
-// The station in a terminal: "kestrava passes ...", "next", "where", "list" and "job" answer on the output stream,
-// without windows, toolkit or display, from the same folder and settings as the windows. Called by main before anything
-// else is made. Nothing on the machine is changed: what the loaders would write stays in memory.
+// The station in a terminal: "kestrava passes ...", "next", "where", "list", "job" and "jobs" answer on the output
+// stream, without windows, toolkit or display, from the same folder and settings as the windows. Called by main before
+// anything else is made. Nothing on the machine is changed: what the loaders would write stays in memory.
 #pragma once
 
 #include <filesystem>
@@ -25,7 +25,7 @@ struct Machine {
   std::function<std::string(const std::string& dataArgument)> chooseFolder;
   std::filesystem::path settingsFile;  ///< read if it is there
   std::filesystem::path shippedData;   ///< serves where the user's folder is not there or empty; empty if there is none
-  /// Where the machine believes to be, for a user who has no folder and no place yet.
+  /// Where the machine believes to be, for a user who has entered no place yet.
   std::function<std::optional<store::ZonePlace>()> place;
 };
 

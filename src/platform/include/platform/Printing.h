@@ -27,7 +27,8 @@ class Printing {
   virtual ~Printing() = default;
   /// Opens the printer dialog and returns when it is closed. What was chosen holds for the next print.
   /// @param title  of the document that is to be printed
-  virtual void OpenDialog(const std::string& title) = 0;
+  /// @return false if it was cancelled
+  virtual bool OpenDialog(const std::string& title) = 0;
   /// Prints a document in one job: as the dialog has chosen, or on the default printer if it was cancelled.
   /// @return false if there is no printer; nothing was then written. @throws Fault "Device I/O error"
   virtual bool Print(const PrintDocument& document) = 0;

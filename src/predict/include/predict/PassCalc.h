@@ -25,8 +25,17 @@ struct PassTally {
   PassTally& operator+=(const PassTally& more);
 };
 
-/// One or two sentences for the status line below the list.
-std::string StatusText(const PassTally& tally);
+/// What a tally is about.
+struct PassSubject {
+  std::string name;                   ///< a satellite's, or "the job 'Week'"
+  platform::SerialDate firstDay = 0;  ///< local midnight
+  int days = 1;
+};
+
+/// One or two sentences for the status line below the list: "8 passes of ISS (ZARYA) on 21 NOV 2026, 15 rows in the
+/// list."
+/// @param rowsInList  after the calculation; not told where the list holds nothing else
+std::string StatusText(const PassTally& tally, const PassSubject& subject, int rowsInList);
 
 /// Appends a row for each pass over the observer that ends on a local day (only the day of the month is compared) and
 /// reaches the minimum elevation (setting WxEL). Rows that are there already stay. SelSatName and the result block

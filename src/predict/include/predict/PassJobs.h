@@ -14,7 +14,8 @@ namespace kestrava::predict {
 
 inline constexpr std::string_view kJobFile = "pass.dat";  ///< in AppDir
 inline constexpr std::string_view kNewJobFile = "pass.new";
-inline constexpr int kJobRows = 50;  ///< satellites of a job, rows 1 to 50
+inline constexpr std::string_view kEditedJobFile = "pass.edit";  ///< the job that stands in the wizard alone
+inline constexpr int kJobRows = 50;                              ///< satellites of a job, rows 1 to 50
 
 /// A job as it runs.
 struct PassJob {
@@ -25,6 +26,9 @@ struct PassJob {
   bool print = false;
 };
 
+/// Says that a job names more satellites than it has rows for; empty if it does not.
+std::string BeyondText(const PassJob& job);
+
 /// The lines of a job as they stand in the file.
 struct JobRecord {
   std::string name;
@@ -32,6 +36,7 @@ struct JobRecord {
   std::string days;
   std::string save;   ///< "1" or "0"
   std::string print;  ///< "1" or "0"
+  bool operator==(const JobRecord&) const = default;
 };
 
 /// The names of all jobs up to the first blank line, trimmed; none without a file. A file that breaks off within a job
@@ -48,12 +53,25 @@ std::optional<PassJob> ReadJob(std::string_view name);
 /// @return nothing if the file has none. @throws platform::Fault  no file, or it breaks off within the record
 std::optional<JobRecord> ReadJobRecord(std::string_view name);
 
-/// Appends a record; all that the file holds stays as it is. @throws platform::Fault; the old file is then whole
+/// Appends a record; all that the file holds stays as it is, but for blank lines at its end, behind which the new job
+/// would not be listed. @throws platform::Fault; the old file is then whole
 void AppendJob(const JobRecord& job);
 
 /// Takes the first record of exactly that name out of the file, and every blank line behind it.
 /// @return false if there is no such record: the file is then untouched. @throws platform::Fault; the file is then
 /// whole
 bool RemoveJob(std::string_view name);
+
+/// Keeps a copy of the first record of exactly that name in a file of its own, while the job stands in the wizard
+/// alone.
+/// @throws platform::Fault  no such record, or the copy could not be written
+void KeepEditedJob(std::string_view name);
+
+/// Takes that copy away: the job was saved, or given up.
+void ForgetEditedJob();
+
+/// Writes that copy back at the end of the file, if there is one and the file has not got it, and takes it away.
+/// @return the name of the job that has come back; none without a copy. @throws platform::Fault  the copy stays
+std::optional<std::string> PutBackEditedJob();
 
 }  // namespace kestrava::predict

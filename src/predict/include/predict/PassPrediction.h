@@ -50,6 +50,8 @@ class PassPredictionView {
   virtual void RowsChanged() = 0;
   virtual void ShowList(bool visible) = 0;               ///< LISTpasses, hidden during a sort
   virtual void ShowSorting(int value, int maximum) = 0;  ///< PROsorting
+  virtual void ClearSorting() = 0;                       ///< its bar of an earlier sort
+  virtual void ShowRow(int row) = 0;                     ///< brings a row of the table to the top of what is seen
   virtual void ShowWork(int done, int total) = 0;        ///< a job's calculations; total 0: no job runs any more
   virtual void ShowStatus(std::string_view text) = 0;    ///< the line below the list
 
@@ -57,11 +59,12 @@ class PassPredictionView {
   virtual std::optional<std::filesystem::path> ChooseSaveFile(std::string_view title, std::string_view fileName) = 0;
   /// Where a save goes whose dialog was cancelled: the user's documents.
   virtual std::filesystem::path CurrentFolder() const = 0;
-  /// Opens the printer dialog. Whether it was cancelled makes no difference here: the print then goes to the default
-  /// printer, and nowhere where there is none.
-  virtual void OpenPrinterDialog() = 0;
+  /// Opens the printer dialog. @return false if it was cancelled: the print then goes to the default printer, and
+  /// nowhere where there is none
+  virtual bool OpenPrinterDialog() = 0;
   /// Prints a document in one job. @param font  its face, or another fixed-pitch one where it is not there
-  virtual void Print(const PrintedText& document, std::string_view font) = 0;
+  /// @return false if there is no printer
+  virtual bool Print(const PrintedText& document, std::string_view font) = 0;
 };
 
 class PassPrediction {
@@ -86,6 +89,10 @@ class PassPrediction {
   void SatelliteNameClicked();
   void CalendarPicked();
   void CalcClicked();
+  /// The last satellite once more, for the day that is chosen now.
+  void AgainClicked();
+  /// The satellite that Again would take; empty while there is none.
+  const std::string& LastSatellite() const { return lastSatellite_; }
   void StopClicked();
 
   void SortChronClicked();
@@ -103,9 +110,11 @@ class PassPrediction {
   void AddJob(std::string_view name);
 
  private:
+  void Calculate(const std::string& satellite);
   bool CalcDay(std::string_view satellite, const CalendarDay& day, PassTally& tally);
-  void RunJob(const PassJob& job);
+  void RunJob(const std::string& name, const PassJob& job);
   bool RunJobDays(const PassJob& job, PassTally& tally);
+  void ShowFirstRow();
   void SaveRows();
   void StartEditor(int row);
 
@@ -113,6 +122,8 @@ class PassPrediction {
   PassPredictionView& view_;
   PassTable table_;
   PrintedText printed_;
+  std::string lastSatellite_;
+  std::optional<int> firstRowToShow_;  ///< of what runs, until it is there
   bool open_ = true;
   bool jobRunning_ = false;
   int readsRunning_ = 0;

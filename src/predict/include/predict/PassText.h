@@ -54,10 +54,6 @@ class PrintedText {
   std::vector<PrintedPiece> pieces_;
 };
 
-/// What begins the saved file, and what begins the print. Both name the program and its home, without a line end.
-std::string SaveCredit();
-std::string PrintCredit();
-
 /// Puts credit line, blank line, heading and rows into a buffer, which is emptied first.
 void AssemblePasses(PrintedText& printed, std::string_view credit, const PassTable& table);
 

@@ -39,7 +39,12 @@ class PassWizardView {
   virtual void SetCHsave(bool ticked) = 0;
   virtual bool CHprint() const = 0;
   virtual void SetCHprint(bool ticked) = 0;
+  /// What is odd about the job as it stands in the form; empty: nothing.
+  virtual void ShowWarning(std::string_view text) = 0;
 };
+
+/// What will be odd when a job of so many days and satellites runs. It is taken all the same.
+std::string WarningOf(std::string_view days, int satellites);
 
 class PassWizard {
  public:
@@ -47,15 +52,16 @@ class PassWizard {
   PassWizard(const orbit::Tables& tables, PassWizardView& view) : tables_(tables), view_(view) {}
 
   void Load();
-  void Unload() { open_ = false; }
+  /// The window's end. An edited job that was neither saved nor given up goes back as it was.
+  void Unload();
 
   void GroupClicked();
   void AddClicked();
   void RemoveClicked();
   void SaveJobClicked();
   void CancelClicked();
-  /// The frame's close, and the launcher's while the wizard holds a job: asks the question of BUTcancel.
-  /// @return false to stay
+  /// The frame's close, and the launcher's while the wizard holds a job: asks the question of BUTcancel. An edited job
+  /// goes back as it was: then it asks only whether changes may be lost. @return false to stay
   bool MayClose();
   /// Something stands in the form that would be lost.
   bool HoldsAJob() const;
@@ -63,13 +69,25 @@ class PassWizard {
   /// Fills the form from a job's record: its satellites join those of the list, and boxes are ticked, never unticked.
   /// @throws platform::Fault "Type mismatch" where the days are no number; what comes before them stands in the form
   void Edit(const JobRecord& job);
+  /// The form's job has left the file, which keeps a copy: it now stands here.
+  void TakeOver(const JobRecord& job);
+  /// Writes the edited job back as it was, if the form holds one that the file has not.
+  void PutBack();
+  bool HoldsEditedJob() const { return !edited_.empty(); }
+  /// Days or satellites are others.
+  void FormChanged();
 
  private:
   void SaveJob();
+  bool AskToLose();
+  void GiveUpCopy();
+  JobRecord Form() const;
 
   const orbit::Tables& tables_;
   PassWizardView& view_;
   bool open_ = true;
+  std::string edited_;       ///< name of the job of which the file keeps a copy; empty for none
+  JobRecord asTakenOver_;    ///< the form at that moment
   std::uint64_t reads_ = 0;  ///< grows with every element file: the reading of an earlier one ends
 };
 

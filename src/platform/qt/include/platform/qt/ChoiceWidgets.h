@@ -10,9 +10,9 @@ namespace kestrava::platform::qt {
 
 class ComboSearch;
 
-/// Shows a prompt until an entry is chosen. What the user chooses, also anew, is told by the signal `activated`. One
-/// that is made editable takes any text. The list of one with more entries than it shows at once is searched by typing,
-/// dropped down or not.
+/// Shows a prompt until an entry is chosen. What the user chooses, also anew, is told by the signal `activated`; where
+/// each step of a cursor key would be too much, by `Chosen`. One that is made editable takes any text. The list of one
+/// with more entries than it shows at once is searched by typing, dropped down or not.
 class ComboList : public QComboBox, public ComboControl {
   Q_OBJECT
 
@@ -28,14 +28,25 @@ class ComboList : public QComboBox, public ComboControl {
 
   void showPopup() override;
 
+ signals:
+  /// The user has made a choice: the list has closed upon an entry, or Return was pressed after keys or the wheel had
+  /// stepped through the entries.
+  void Chosen(int index);
+  /// The keyboard has gone on from an entry that was stepped to and not chosen.
+  void LeftAt(int index);
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   /// Without the focus the wheel scrolls what the list stands in, and chooses nothing.
   void wheelEvent(QWheelEvent* event) override;
 
  private:
   bool IsSearched() const { return count() > maxVisibleItems() && !isEditable(); }
+  bool TakeOpenChoice();
 
+  bool steps_ = false;         ///< a key or the wheel is changing the entry
+  bool choiceIsOpen_ = false;  ///< entries were stepped through, and nothing has been chosen since
   ComboSearch* search_ = nullptr;
 };
 

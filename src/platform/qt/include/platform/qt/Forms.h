@@ -16,6 +16,9 @@ QLabel* LabelFor(QWidget* control, const QString& text, QWidget* parent);
 /// A push button under its object name. @param hint  its tool tip
 SkinButton* MakeButton(const char* name, const QString& text, const QString& hint, QWidget* parent);
 
+/// What a button does, and, where it has nothing to act on, what is missing: as its tool tip.
+void SetHint(QAbstractButton& button, const QString& hint, const QString& missing);
+
 /// The title of a section in bold, and nothing in it. Called when all its controls are there.
 void EmboldenTitle(QGroupBox& section);
 

@@ -26,7 +26,7 @@ class QtPrinting : public Printing {
   explicit QtPrinting(DefaultPrinter defaultPrinter);
   ~QtPrinting() override;
 
-  void OpenDialog(const std::string& title) override;
+  bool OpenDialog(const std::string& title) override;
   bool Print(const PrintDocument& document) override;
 
  private:
