@@ -127,7 +127,7 @@ void EveningStation::Do(const Plan& plan) {
   switch (plan.deed) {
     case Deed::kOpenMap:
       ClickButton("frmLAUNCHER", "BUTmenu(6)");
-      Choose("frmMenu", "mnu2Dworld");
+      Choose("frmLAUNCHER", "mnu2Dworld");  // an open menu belongs to the window that it was opened from
       while (QWidget* menu = QApplication::activePopupWidget()) menu->close();
       break;
     case Deed::kOpenTable:
