@@ -46,6 +46,19 @@ function(kestrava_precompile target)
   endif()
 endfunction()
 
+# Test sources of a folder, several to a compilation: most of the time for one goes into headers that all of them need.
+# For builds from nothing. Daily builds compile each alone, so that a source without its includes does not go unseen.
+option(KESTRAVA_JOIN_TESTS "Compile test sources of a folder together" OFF)
+
+# kestrava_join_test(<target> <apart>...): those named are compiled alone, as their unnamed things bear names that
+# others of the folder have too.
+function(kestrava_join_test target)
+  if(KESTRAVA_JOIN_TESTS)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_BATCH_SIZE 8)
+    set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+  endif()
+endfunction()
+
 # For test code, with the same arguments: it needs no optimiser, and that of gcc 12 warns falsely about strings whose
 # header was precompiled.
 function(kestrava_precompile_test target)
