@@ -40,13 +40,14 @@ bool IsExpected(const std::string& message) {
       "You must select either one of the", "Predictions saved as /documents/", "You must select a preset first",
       "you must select a preset to", "you must choose a job name", "You must fill in the days box",
       "You havn't chosen any satellites", "First select a Group", "Select a satellite on the list first",
-      "You will loose the information", "Can't file PASS.DAT",
+      "You will loose the information", "Can't file PASS.DAT", "goes back to the list as it was before",
       // of the groups window
       "Select a satellite first", "Select a group first", "satellite group keps are not updated yet",
       "Is this new group updated via the Internet?", "Primary Favourite Satellite changed from",
       "Sorry, this feature is not available", "These favourites are not known yet", "Stay in this window",
       // of the locations window: refused numbers and names, and what cannot be done to the primary place
       "the box \"", "This is already the Primary Location", "Can't Remove the Primary Location!",
+      "What you have typed is not stored yet.",
       // of the main settings
       "No Speech Engines Found", "Invalid Folder name, try again", "There was a problem, the filename was '"};
   for (const std::string& part : parts)
