@@ -1,4 +1,5 @@
 // "kestrava passes" on a scripted station.
+#include <algorithm>
 #include <cmath>
 #include <set>
 

@@ -1,4 +1,6 @@
 // Commands change nothing, and read what the windows read.
+#include <algorithm>
+
 #include <gtest/gtest.h>
 
 #include "cli/ReadOnlyDoors.h"

@@ -5,6 +5,7 @@
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QWindow>
+#include <algorithm>
 #include <utility>
 
 #include <gtest/gtest.h>

@@ -3,6 +3,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <algorithm>
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,7 @@
 // Each way in which favourites could be gone, with real files.
+#include <algorithm>
 #include <string>
+#include <vector>
 
 #include "platform/Fault.h"
 #include "platform/Text.h"

@@ -1,5 +1,6 @@
 // What the outline and the seeds make of the day and night mask: filled on a small raster of its own and compared with
 // the height of the Sun at each pixel.
+#include <algorithm>
 #include <cmath>
 
 #include "PainterFixture.h"

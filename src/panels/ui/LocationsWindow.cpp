@@ -5,6 +5,7 @@
 #include <QScrollArea>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "panels/ui/PanelWindows.h"
 #include "platform/Messages.h"

@@ -4,6 +4,7 @@
 #include <QPointer>
 #include <QScreen>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "platform/Doors.h"

@@ -4,6 +4,7 @@
 #include <QScopeGuard>
 #include <QToolTip>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "orbit/Angles.h"
 #include "orbit/OrbitEngine.h"
