@@ -210,7 +210,7 @@ TEST_F(HorizonWindowTest, ASatelliteTakenByItselfIsSaidAndDescribed) {
   Open();
   eventLoop.Advance(1);
   EXPECT_EQ(speech.said, Texts{"Selected Satellite The International Space station"});
-  EXPECT_EQ(speech.kinds, std::vector<SpeechKind>{SpeechKind::kSentence});
+  EXPECT_EQ(speech.kinds, std::vector<SpeechKind>{SpeechKind::kSelection});
   EXPECT_EQ(view.dataText, "Data for ISS (ZARYA)\r\n(International Space Station)\r\nNotes: Manned");
 }
 
