@@ -23,7 +23,7 @@ using platform::SerialDate;
 
 namespace {
 
-constexpr std::array<std::string_view, 4> kPlaceKeys{"Location Name", "Latitude", "Longitude", "HASL"};
+constexpr std::array<std::string_view, 2> kPlaceKeys{"Latitude", "Longitude"};  // a place needs both
 
 /// A folder that the user has named must be there: other data would answer in its name.
 void RefuseNoFolder(const std::filesystem::path& folder) {
@@ -124,7 +124,7 @@ void Station::PlaceObserver(const Machine& machine, const Request& request) {
   if (request.at) {
     place_ = *request.at;
   } else {
-    if (std::none_of(kPlaceKeys.begin(), kPlaceKeys.end(), isThere)) GuessPlace(machine);
+    if (!std::all_of(kPlaceKeys.begin(), kPlaceKeys.end(), isThere)) GuessPlace(machine);
     place_ = StoredPlace();
   }
   engine_.SetObserver(place_.observer);

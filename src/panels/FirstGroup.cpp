@@ -7,6 +7,7 @@
 #include "platform/Fault.h"
 #include "platform/Files.h"
 #include "platform/Quote.h"
+#include "platform/SharedFiles.h"
 #include "platform/Text.h"
 #include "store/ElementFiles.h"
 #include "store/GroupTable.h"
@@ -82,6 +83,8 @@ std::string Remedy(const orbit::Tables& tables) {
 }  // namespace
 
 std::string FirstGroupTrouble(const orbit::Tables& tables) {
+  // The start goes by the rows that it could read, and has said so; the file is left as it is.
+  if (const auto known = platform::LastKnown("groups.dat"); known && !known->whole) return {};
   std::string missing = "There is no group on your list.";
   if (tables.GroupCount > 0) {
     const orbit::GroupRec& first = platform::At(tables.GroupList, 1);

@@ -152,7 +152,9 @@ void MainSettingsPanel::Unload() {
 /// Offers the voices of the machine and chooses the stored one. @return false if there is none, which is said, or if
 /// the window was closed in the meantime
 bool MainSettingsPanel::FillVoices() {
-  const std::vector<std::string> voices = platform::TheSpeech().Voices();
+  // One that could not be made would be tried anew, and waited for.
+  const bool hasEngine = platform::TheSpeech().Condition().stage != SpeechStage::kNoEngine;
+  const std::vector<std::string> voices = hasEngine ? platform::TheSpeech().Voices() : std::vector<std::string>{};
   view_.VoiceSelect().Clear();
   if (voices.empty()) {
     TheMessages().Show("No Speech Engines Found");

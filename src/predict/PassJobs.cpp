@@ -232,20 +232,33 @@ bool RemoveJob(std::string_view name) {
   return true;
 }
 
+namespace {
+
+/// The lines of the copy; none without one.
+Lines EditedRecord() {
+  if (!platform::FileExists(InAppDir(kEditedJobFile))) return {};
+  return platform::SplitLines(platform::TheFiles().Read(InAppDir(kEditedJobFile)));
+}
+
+}  // namespace
+
 void KeepEditedJob(std::string_view name) {
+  PutBackEditedJob();  // another copy of the station may edit one, or one could not be put back
   const Lines lines = platform::SplitLines(BytesOnDisk());
   const auto at = FindExactly(lines, name);
   if (!at) throw Fault::InputPastEnd();
   platform::TheFiles().Replace(InAppDir(kEditedJobFile), RecordText(lines, *at));
 }
 
-void ForgetEditedJob() {
-  if (platform::FileExists(InAppDir(kEditedJobFile))) platform::TheFiles().Remove(InAppDir(kEditedJobFile));
+void ForgetEditedJob(std::string_view name) {
+  const Lines kept = EditedRecord();
+  if (!kept.empty() && kept.front() == name) platform::TheFiles().Remove(InAppDir(kEditedJobFile));
 }
 
-std::optional<std::string> PutBackEditedJob() {
+std::optional<std::string> PutBackEditedJob(std::string_view only) {
   if (!platform::FileExists(InAppDir(kEditedJobFile))) return std::nullopt;
-  const Lines kept = platform::SplitLines(platform::TheFiles().Read(InAppDir(kEditedJobFile)));
+  const Lines kept = EditedRecord();
+  if (!only.empty() && (kept.empty() || kept.front() != only)) return std::nullopt;
   std::optional<std::string> name;
   if (!kept.empty() && !IsBlank(kept.front())) {
     // A kill between the copy and the removal leaves the job in both.
@@ -257,7 +270,7 @@ std::optional<std::string> PutBackEditedJob() {
       name = kept.front();
     }
   }
-  ForgetEditedJob();
+  platform::TheFiles().Remove(InAppDir(kEditedJobFile));
   return name;
 }
 

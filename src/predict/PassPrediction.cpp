@@ -197,9 +197,11 @@ void PassPrediction::SaveRows() {
     if (!chosen) kept = platform::KeepUnderOtherName(file);
     platform::TheFiles().Replace(file, printed_.PlainText() + "\r\n");
   } catch (const platform::Fault& fault) {
-    if (kept) platform::TheFiles().Rename(*kept, file);
+    const bool isBack =
+        !kept || platform::FaultTrap{"PassPred-SaveResults"}([&] { platform::TheFiles().Rename(*kept, file); });
     TheMessages().Show("The predictions could not be saved as " + file.string() + ": " + fault.what() +
-                       ". Nothing was written there, and the list is as it was.");
+                       ". Nothing was written there, and the list is as it was." +
+                       (isBack ? "" : " What stood there before is now " + kept->string() + "."));
     return;
   }
   if (kept) {

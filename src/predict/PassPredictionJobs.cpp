@@ -162,8 +162,8 @@ void PassPrediction::StartEditor(int row) {
     TheMessages().Show("There is a possible problem with your PASS.DAT file");
     return;
   }
+  editor->Wizard().PutBack();  // one that stood there before: the form bears this one's name from here on
   editor->Wizard().Edit(*job);
-  editor->Wizard().PutBack();  // one that stood there before: the form now bears this one's name
   // From here on the job stands in the wizard alone, until it is saved there; the copy is for an end that nobody chose.
   KeepEditedJob(name);
   RemoveJob(name);

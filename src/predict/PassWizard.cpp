@@ -153,17 +153,18 @@ void PassWizard::TakeOver(const JobRecord& job) {
 }
 
 void PassWizard::PutBack() {
-  if (std::exchange(edited_, {}).empty()) return;
-  kUnloadTrap([] {
-    const auto name = PutBackEditedJob();
+  const std::string edited = std::exchange(edited_, {});
+  if (edited.empty()) return;
+  kUnloadTrap([&] {
+    const auto name = PutBackEditedJob(edited);
     if (JobListing* listing = FindJobListing(); listing && name) listing->AddJob(*name);
   });
 }
 
 /// A copy that stays would only come back: its job is in the file, or was given up by the user.
 void PassWizard::GiveUpCopy() {
-  if (std::exchange(edited_, {}).empty()) return;
-  kUnloadTrap([] { ForgetEditedJob(); });
+  const std::string edited = std::exchange(edited_, {});
+  if (!edited.empty()) kUnloadTrap([&] { ForgetEditedJob(edited); });
 }
 
 void PassWizard::FormChanged() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "orbit/TextHelpers.h"
 #include "platform/Doors.h"
 #include "platform/Fault.h"
 #include "platform/Text.h"
@@ -59,9 +60,10 @@ bool IsRow(std::string_view fileName, std::string_view line) {
       std::any_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; });
   if (IsBlank(line) || hasControls) return false;
   if (platform::EqualsIgnoringCase(fileName, "groups.dat")) {
-    const std::size_t first = line.find(',');
-    const std::size_t last = line.rfind(',');
-    return first != last && last + 2 == line.size() && (line.back() == '0' || line.back() == '1');
+    // The reader takes almost anything; a page of another program names no file behind its first comma.
+    const std::string address(platform::Trim(orbit::GetDelimitedWord(line, 2, ",")));
+    return line.front() != '<' && line.front() != ' ' && address.find_first_of("./") != std::string::npos &&
+           address.find_first_of(" \"'<>(){};") == std::string::npos;
   }
   return !platform::EqualsIgnoringCase(fileName, "Locations.dat") || std::count(line.begin(), line.end(), ';') == 3;
 }

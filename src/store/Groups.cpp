@@ -48,7 +48,10 @@ Lines RowsOf(const orbit::Tables& tables) {
 /// The rows of a file as the writer would have them. One that is damaged, emptied or gone takes no group away.
 Lines RowsOfOthers(const Lines& file, const Lines& base) {
   Lines rows;
-  for (auto line = file.begin(); line != file.end() && !IsBlank(*line); ++line) rows.push_back(LineOf(GroupOf(*line)));
+  for (auto line = file.begin(); line != file.end() && !IsBlank(*line); ++line) {
+    const orbit::GroupRec group = GroupOf(*line);
+    if (!IsBlank(group.Name)) rows.push_back(LineOf(group));
+  }
   rows = PlainLines(rows);
   return rows.empty() ? base : rows;
 }

@@ -155,13 +155,10 @@ void SaveLocations(const orbit::Tables& tables) {
   const Lines base = known ? known->rows : old.rows;
   const Lines theirs = old.rows.empty() ? base : old.rows;  // one that is emptied or gone takes no place away
   Lines merged = MergeRows(base, rows, theirs, NameOfRow);
-  const Lines noRoom = CutTo(merged, orbit::kLocationRows);
-  Lines lost = old.unread;
-  lost.insert(lost.end(), noRoom.begin(), noRoom.end());
-  KeepWhatIsLost(kFile, lost, "Global SaveLocations");
+  if (const Lines noRoom = CutTo(merged, orbit::kLocationRows); !noRoom.empty()) throw NoRoomFor(noRoom);
+  KeepWhatIsLost(kFile, old.unread, "Global SaveLocations");
   if (merged != lines || !platform::FileExists(platform::InAppDir(kFile))) ReplaceLines(kFile, merged);
   platform::RememberKnown(kFile, {rows, true, {}});
-  if (!noRoom.empty()) throw NoRoomFor(noRoom);
 }
 
 }  // namespace kestrava::store

@@ -18,6 +18,17 @@ using platform::FaultTrap;
 using platform::ReadSetting;
 using platform::ReadSwitch;
 
+namespace {
+
+/// Of the selected satellite; empty where none is selected, whatever stands in row 0, which a change of the primary
+/// favourite uses for its swap.
+const std::string& NameOfSelected(const orbit::Tables& tables) {
+  static const std::string none;
+  return tables.SelSat == 0 ? none : platform::At(tables.FaveList, tables.SelSat).Name;
+}
+
+}  // namespace
+
 void MapWindow::FillFavouriteMenu() {
   const FaultTrap trap{"map - Form_activate"};
   for (int i = 1; i <= sky_.tables.FaveCount; ++i) {
@@ -124,8 +135,8 @@ void MapWindow::FillDataText() {
 // What is selected is a row and the name in it: other windows use the selected name for work of their own.
 void MapWindow::FollowSelection() {
   const orbit::Tables& tables = sky_.tables;
-  const std::string& name = platform::At(tables.FaveList, tables.SelSat).Name;
-  state_.work.nothingSelected = name.empty();  // row 0 has no name either
+  const std::string& name = NameOfSelected(tables);
+  state_.work.nothingSelected = name.empty();
   if (name.empty()) {
     state_.work.trackOf = {};
     ShowNoPosition("none selected", state_, view_);
@@ -137,7 +148,7 @@ void MapWindow::FollowSelection() {
 }
 
 void MapWindow::FollowDataText() {
-  const std::string& name = platform::At(sky_.tables.FaveList, sky_.tables.SelSat).Name;
+  const std::string& name = NameOfSelected(sky_.tables);
   if (!state_.InfoPaneShown || dataTextOf_ == name) return;
   dataTextOf_ = name;
   if (name.empty()) {

@@ -211,8 +211,8 @@ void CalcGroundTrack(const orbit::Sky& sky, MapState& map) {
   orbit::Tables& tables = sky.tables;
   const FaveRec* selected = SelectedRow(tables);
   // The horizon has dropped a satellite that has set, and no other one is up; or it was the last favourite and is none
-  // any more. Row 0 has no name either.
-  if (selected && selected->Name.empty()) return;
+  // any more.
+  if (tables.SelSat == 0 || (selected && selected->Name.empty())) return;
   if (selected) map.work.trackOf = {tables.SelSat, selected->Name};
   FillTrack(sky, map);
   tables.GroundTrack = map.work.GroundTrack;

@@ -1,5 +1,7 @@
 // What the groups panel says when the user closes it while the station cannot go on, and its letter to the maker.
 #include "platform/Endpoints.h"
+#include "platform/Fault.h"
+#include "store/Groups.h"
 
 #include "GroupsPanelFixture.h"
 
@@ -27,6 +29,17 @@ class GroupsCloseTest : public GroupsPanelTest {
 };
 
 TEST_F(GroupsCloseTest, WithAFirstGroupWhoseFileIsThereNothingIsAsked) {
+  EXPECT_TRUE(panel.MayClose());
+  EXPECT_TRUE(messages.Texts().empty());
+}
+
+TEST_F(GroupsCloseTest, OfAListThatCouldNotBeReadWholeTheStartHasTold) {
+  std::string many;
+  for (int i = 1; i <= 41; ++i) many += "G" + std::to_string(i) + ",amateur.txt,0\n";
+  Put("groups.dat", many);
+  NoGroups();
+  EXPECT_THROW(store::LoadGroups(tables), platform::Fault);
+  ASSERT_EQ(tables.GroupCount, 0);
   EXPECT_TRUE(panel.MayClose());
   EXPECT_TRUE(messages.Texts().empty());
 }

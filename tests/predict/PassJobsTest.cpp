@@ -205,6 +205,29 @@ TEST_F(PassJobs, AnEditedJobComesBackOnce) {
   EXPECT_FALSE(PutBackEditedJob());
 }
 
+TEST_F(PassJobs, TheCopyOfOneEditedJobIsNoMatterOfAnothers) {
+  Put("pass.dat", kTwoJobs);
+  KeepEditedJob("Morning");
+  RemoveJob("Morning");
+  KeepEditedJob("Evening");  // in another copy of the station
+  EXPECT_EQ(ListJobs(), (Names{"Evening", "Morning"})) << "the first is not lost with its copy";
+  RemoveJob("Evening");
+  ForgetEditedJob("Morning");
+  EXPECT_FALSE(PutBackEditedJob("Morning"));
+  EXPECT_EQ(PutBackEditedJob("Evening"), "Evening");
+  EXPECT_EQ(ListJobs(), (Names{"Morning", "Evening"}));
+}
+
+TEST_F(PassJobs, AnEditedJobThatCannotBePutBackKeepsItsCopyFromTheNext) {
+  Put("pass.dat", kTwoJobs);
+  KeepEditedJob("Morning");
+  RemoveJob("Morning");
+  files.BreakWriteAfter(0);
+  EXPECT_THROW(KeepEditedJob("Evening"), platform::Fault);
+  files.Mend();
+  EXPECT_EQ(PutBackEditedJob(), "Morning");
+}
+
 TEST_F(PassJobs, AnEditedJobThatCannotBeWrittenBackStaysInItsCopy) {
   Put("pass.dat", kTwoJobs);
   KeepEditedJob("Morning");

@@ -96,6 +96,16 @@ TEST_F(DamagedStart, AListOfGroupsThatNamesNoneIsFatalAndItsFullestBackupIsOffer
   }
 }
 
+TEST_F(DamagedStart, GroupsThatTheReaderTakesAreGroupsHoweverTheirLinesEnd) {
+  files.Remove("/house/amateur.txt");
+  for (const char* groups : {"A,amateur.txt,0 \nB,h/b.txt,1 \n", "A,amateur.txt\n", "A,amateur.txt,x\n"}) {
+    Put("groups.dat", groups);
+    const FatalReport report = Fatal();
+    EXPECT_EQ(report.missingFile, "amateur.txt") << groups;
+    EXPECT_EQ(Content("groups.dat"), groups);
+  }
+}
+
 TEST_F(DamagedStart, AListOfGroupsThatCannotBeReadIsNotCalledMissing) {
   files.BreakFile("/house/groups.dat", platform::Fault::PathFileAccess());
   const FatalReport report = Fatal();

@@ -197,6 +197,18 @@ TEST_F(OtherCopy, APlaceThatBothChangedIsThereTwiceAndOneThatIsOnlyHereChangedSt
   EXPECT_EQ(Read("Locations.dat"), "1Home;0;51;9\n1Home;0;52;9\n1Cape;0;-34;9\n");
 }
 
+TEST_F(OtherCopy, PlacesThatDoNotFitAnyMoreAreSaidAndNothingIsWritten) {
+  std::string many;
+  for (int i = 1; i <= 99; ++i) many += "0P" + std::to_string(i) + ";1;2;3\n";
+  Write("Locations.dat", many);
+  LoadLocations(tables);
+  ASSERT_TRUE(InAnotherCopy([] { ChangePlaces([](orbit::Tables& other) { AddPlace(other, {"Theirs", 5, 6, 7}); }); }));
+  AddPlace(tables, {"Mine", 8, 9, 10});
+  EXPECT_THROW(SaveLocations(tables), platform::Fault);
+  EXPECT_EQ(Read("Locations.dat"), many + "1Theirs;6;5;7\n");
+  EXPECT_THROW(SaveLocations(tables), platform::Fault) << "it is not taken for stored";
+}
+
 TEST_F(OtherCopy, AFileThatIsEmptiedOrGoneTakesNothingOut) {
   for (const bool gone : {false, true}) {
     Write("groups.dat", "A,a.txt,0\n");

@@ -218,6 +218,19 @@ TEST_F(SelectedElsewhere, WithNothingSelectedThePaneSaysSo) {
   EXPECT_TRUE(TakeFaults().empty());
 }
 
+TEST_F(SelectedElsewhere, WithNothingSelectedTheNameInRowNoughtIsNoSelection) {
+  Open();
+  eventLoop.Advance(1);
+  StainTrack();
+  tables.FaveList[0].Name = kSecond;  // as a change of the primary favourite leaves it
+  tables.SelSat = 0;
+  eventLoop.Advance(2);
+  EXPECT_TRUE(Work().nothingSelected);
+  EXPECT_EQ(window->State().RemoteStat[0], "Satellite : none selected");
+  EXPECT_EQ(view.dataText, "No Information available\r\n");
+  EXPECT_FALSE(TrackIsFresh()) << "no track of it either";
+}
+
 TEST_F(SelectedElsewhere, TheSameOneSelectedAgainHasAFreshTrack) {
   Open();
   eventLoop.Advance(1);

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QListView>
+#include <QMetaMethod>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScreen>
@@ -124,7 +125,8 @@ void ComboList::showPopup() {
 /// search there; in a short one it steps, as the toolkit has it.
 void ComboList::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-  if (enter && TakeOpenChoice()) {
+  // Where nobody waits for a choice, it has been made step by step, and Return is the window's.
+  if (enter && TakeOpenChoice() && isSignalConnected(QMetaMethod::fromSignal(&ComboList::Chosen))) {
     emit Chosen(currentIndex());
     return;
   }

@@ -8,7 +8,8 @@
 
 namespace kestrava::orbit {
 
-/// Row of the favourites. Only the name is stored in faves.dat; row 1 is the primary favourite, row 0 stays empty.
+/// Row of the favourites. Only the name is stored in faves.dat; row 1 is the primary favourite,
+/// row 0 is none of them.
 struct FaveRec {
   std::string Name;   ///< at most 15 characters when it comes from a file; empty: a free row
   double Lat = 0;     ///< latest sub-point, degrees, north positive

@@ -63,15 +63,16 @@ void AppendJob(const JobRecord& job);
 bool RemoveJob(std::string_view name);
 
 /// Keeps a copy of the first record of exactly that name in a file of its own, while the job stands in the wizard
-/// alone.
-/// @throws platform::Fault  no such record, or the copy could not be written
+/// alone. One that is there already is put back first.
+/// @throws platform::Fault  no such record, or the copy could not be written; one that was there stays
 void KeepEditedJob(std::string_view name);
 
-/// Takes that copy away: the job was saved, or given up.
-void ForgetEditedJob();
+/// Takes the copy of that job away: it was saved, or given up. Another job's copy stays.
+void ForgetEditedJob(std::string_view name);
 
 /// Writes that copy back at the end of the file, if there is one and the file has not got it, and takes it away.
+/// @param only  the one job that is meant; empty for whichever stands there
 /// @return the name of the job that has come back; none without a copy. @throws platform::Fault  the copy stays
-std::optional<std::string> PutBackEditedJob();
+std::optional<std::string> PutBackEditedJob(std::string_view only = {});
 
 }  // namespace kestrava::predict
