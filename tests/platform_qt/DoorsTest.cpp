@@ -127,7 +127,8 @@ TEST(TimeForms, SecondsArePartedAsTheMinutesAre) {
   EXPECT_EQ(TimeIn("fi_FI"), "14.05.09");
   EXPECT_EQ(TimeIn("id_ID"), "14.05.09");
   EXPECT_EQ(TimeIn("fr_CA"), "14 h 05 min 09 s");
-  EXPECT_EQ(TimeIn("bg_BG"), "14:05:09 ч.") << "what stands behind the time stays behind it";
+  // As Bulgarian had it in the toolkit of Debian 12, and has no more in that of 13.
+  EXPECT_EQ(FromQt(WithSeconds("H:mm 'ч'.", "H:mm:ss 'ч'. t")), "H:mm:ss 'ч'.") << "what stands behind stays behind";
   EXPECT_EQ(TimeIn("C"), "14:05:09");
 }
 
