@@ -42,6 +42,21 @@ bool HoldsTheSame(std::string_view a, std::string_view b) {
   }
 }
 
+/// Two commas and the digit behind the last one.
+bool IsGroupAsWritten(std::string_view line) {
+  const std::size_t first = line.find(',');
+  const std::size_t last = line.rfind(',');
+  return first != last && last + 2 == line.size() && (line.back() == '0' || line.back() == '1');
+}
+
+/// A line that was written by hand, of which the reader takes almost any; a page of another program names no file
+/// behind its first comma.
+bool NamesAFile(std::string_view line) {
+  const std::string address(platform::Trim(orbit::GetDelimitedWord(line, 2, ",")));
+  return line.front() != '<' && line.front() != ' ' && address.find_first_of("./") != std::string::npos &&
+         address.find_first_of(" \"'<>(){};") == std::string::npos;
+}
+
 /// The generation that makes room: the first that is free, else the oldest but for the fullest one.
 int GenerationToGo(std::string_view fileName) {
   int fullest = 1;
@@ -60,10 +75,7 @@ bool IsRow(std::string_view fileName, std::string_view line) {
       std::any_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < ' ' && c != '\t'; });
   if (IsBlank(line) || hasControls) return false;
   if (platform::EqualsIgnoringCase(fileName, "groups.dat")) {
-    // The reader takes almost anything; a page of another program names no file behind its first comma.
-    const std::string address(platform::Trim(orbit::GetDelimitedWord(line, 2, ",")));
-    return line.front() != '<' && line.front() != ' ' && address.find_first_of("./") != std::string::npos &&
-           address.find_first_of(" \"'<>(){};") == std::string::npos;
+    return IsGroupAsWritten(line) || NamesAFile(line);
   }
   return !platform::EqualsIgnoringCase(fileName, "Locations.dat") || std::count(line.begin(), line.end(), ';') == 3;
 }

@@ -9,8 +9,8 @@
 
 namespace kestrava::store {
 
-/// Whether a line of one of the lists can be a row of it: not blank, no control characters, in groups.dat with the
-/// name of a file in its second field, in Locations.dat with four fields.
+/// Whether a line of one of the lists can be a row of it: not blank, no control characters, in groups.dat as it is
+/// written or with a file's name in its second field, in Locations.dat with four fields.
 bool IsRow(std::string_view fileName, std::string_view line);
 
 /// How many rows a file in AppDir holds; 0 if it is not there or cannot be read.
