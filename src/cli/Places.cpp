@@ -89,10 +89,10 @@ Place ParsePlace(std::string_view text) {
 
 std::string PlaceText(const Place& place) {
   const auto side = [](double degrees, const char* positive, const char* negative) {
-    return platform::NumberText(std::abs(degrees)) + (degrees < 0 ? negative : positive);
+    return platform::PointText(std::abs(degrees)) + (degrees < 0 ? negative : positive);
   };
   return (place.name.empty() ? "" : place.name + ", ") + side(place.observer.latitudeDeg, " N, ", " S, ") +
-         side(place.longitudeEastDeg, " E, ", " W, ") + platform::NumberText(place.observer.heightM) + " m";
+         side(place.longitudeEastDeg, " E, ", " W, ") + platform::PointText(place.observer.heightM) + " m";
 }
 
 double EastDeg(double longitudeDeg) {
